@@ -1,0 +1,40 @@
+# Front door. Every goal first installs what is missing (scripts/setup.sh), so a fresh machine needs git and make alone.
+
+.PHONY: run build test bench fuzz asan format windows setup clean
+
+run: build
+	scripts/run.sh
+
+build: setup
+	cmake --preset release
+	cmake --build --preset release
+
+test: build
+	scripts/test.sh
+
+bench: build
+	build/bench/ovaline_bench
+
+asan: setup
+	cmake --preset asan
+	cmake --build --preset asan
+	OVALINE_BUILD=build-asan scripts/test.sh
+
+fuzz: setup
+	cmake --preset fuzz
+	cmake --build --preset fuzz
+	scripts/fuzz.sh
+
+windows:
+	scripts/setup.sh windows
+	cmake --preset windows-i686
+	cmake --build --preset windows-i686
+
+format:
+	git ls-files '*.cpp' '*.h' | xargs clang-format -i
+
+setup:
+	scripts/setup.sh
+
+clean:
+	rm -rf build build-* out

@@ -1,0 +1,166 @@
+// The gets and puts. Puts store what they are given; those that change the result rebuild it while updates are on.
+#include <algorithm>
+
+#include "control/store.h"
+#include "output/units.h"
+#include "platform/numbers.h"
+
+namespace ovaline {
+
+namespace {
+
+constexpr std::int32_t kLowestFontHeight = 100;     // µm
+constexpr std::int32_t kHighestFontHeight = 50800;  // µm, 144 points
+constexpr std::int32_t kFinestFlatness = 1;         // µm
+constexpr std::int32_t kCoarsestFlatness = 2540;    // µm
+constexpr LONG kMostCopies = 255;
+
+float storedLength(FLOAT value, const TextSettings& settings) {
+    return static_cast<float>(toInternalUnits(value, settings.Measurement));
+}
+
+FLOAT shownLength(float stored, const TextSettings& settings) {
+    return toUserUnits(truncateToInt32(stored), settings.Measurement);
+}
+
+}  // namespace
+
+// One macro a kind of property: the type at the interface, how it is stored and how it is shown.
+
+#define ACCESSORS(name, type, shown, stored)                            \
+    HRESULT CNorvel_OvalineCtrl::get_##name(type* value) {              \
+        *value = shown;                                                 \
+        return S_OK;                                                    \
+    }                                                                   \
+    HRESULT CNorvel_OvalineCtrl::put_##name(type value) {               \
+        return storeAndUpdate([&](TextSettings& settings) { stored; }); \
+    }
+
+#define VALUE(name, type) ACCESSORS(name, type, settings_.name, settings.name = value)
+#define ENUMERATION(name, type) ACCESSORS(name, type, static_cast<type>(settings_.name), settings.name = value)
+#define LENGTH(name) \
+    ACCESSORS(name, FLOAT, shownLength(settings_.name, settings_), settings.name = storedLength(value, settings))
+// Held as 32 bits, sign-extended, so that a flip is the bitwise complement.
+#define WIDE_FLAG(name) ACCESSORS(name, VARIANT_BOOL, static_cast<VARIANT_BOOL>(settings_.name), settings.name = value)
+#define TEXT(name)                                                                                       \
+    HRESULT CNorvel_OvalineCtrl::get_##name(BSTR* value) {                                               \
+        *value = platform::makeBstr(settings_.name);                                                     \
+        return *value ? S_OK : E_OUTOFMEMORY;                                                            \
+    }                                                                                                    \
+    HRESULT CNorvel_OvalineCtrl::put_##name(BSTR value) {                                                \
+        return storeAndUpdate([&](TextSettings& settings) { settings.name = platform::textOf(value); }); \
+    }
+#define COPIES(name)                                                                   \
+    HRESULT CNorvel_OvalineCtrl::get_##name(LONG* value) {                             \
+        *value = settings_.name;                                                       \
+        return S_OK;                                                                   \
+    }                                                                                  \
+    HRESULT CNorvel_OvalineCtrl::put_##name(LONG value) {                              \
+        if (value < 1 || value > kMostCopies) return S_FALSE;                          \
+        return storeAndUpdate([&](TextSettings& settings) { settings.name = value; }); \
+    }
+
+VALUE(FontBold, VARIANT_BOOL)
+VALUE(FontItalic, VARIANT_BOOL)
+VALUE(FontUnderline, VARIANT_BOOL)
+VALUE(FontStrikeout, VARIANT_BOOL)
+VALUE(StartAngle, FLOAT)
+VALUE(Angle, FLOAT)
+VALUE(FillLineAngle, FLOAT)
+VALUE(FillCrossAngle, FLOAT)
+VALUE(SerialNumEnable, VARIANT_BOOL)
+VALUE(AutoDateEnable, VARIANT_BOOL)
+VALUE(AutoDateOffset, INT)
+
+ENUMERATION(SerialDirection, _serialdirection)
+ENUMERATION(TextDirection, _txtdirection)
+ENUMERATION(PathType, _pathtype)
+ENUMERATION(ShowAxes, _axesstyle)
+ENUMERATION(FillStyle, _fillstyle)
+ENUMERATION(OutlineType, _outlinestyle)
+ENUMERATION(SerNumDecimalPlaces, _sernumdigits)
+ENUMERATION(SerialNumberType, _sernumtypes)
+ENUMERATION(AutoDatePosition, _autodatepos)
+ENUMERATION(AutoDateFormat, _autodateformat)
+
+LENGTH(Width)
+LENGTH(Height)
+LENGTH(CharSpace)
+LENGTH(FillLineWidth)
+LENGTH(FillDistance)
+LENGTH(TextOutline)
+LENGTH(ArrayXOffset)
+LENGTH(ArrayYOffset)
+
+WIDE_FLAG(Invert)
+WIDE_FLAG(MirrorHorizontal)
+WIDE_FLAG(MirrorVertical)
+WIDE_FLAG(SpareFlag)
+
+TEXT(TextData)
+TEXT(SerialNumPrefix)
+TEXT(SerNumStart)
+TEXT(SerNumSuffix)
+TEXT(CustomAutoText)
+
+COPIES(ArrayXDimension)
+COPIES(ArrayYDimension)
+
+ACCESSORS(FontStyle, _txtfontstyle, static_cast<_txtfontstyle>(settings_.FontStyle), setFontStyle(settings, value))
+
+HRESULT CNorvel_OvalineCtrl::get_FontName(BSTR* value) {
+    *value = platform::makeBstr(settings_.FontName);
+    return *value ? S_OK : E_OUTOFMEMORY;
+}
+
+HRESULT CNorvel_OvalineCtrl::put_FontName(BSTR value) {
+    return storeAndUpdate([&](TextSettings& settings) { setFontName(settings, platform::textOf(value)); });
+}
+
+HRESULT CNorvel_OvalineCtrl::get_FontHeight(FLOAT* value) {
+    *value = settings_.DisplayInPoint != 0 ? micrometresToPoints(settings_.FontHeight)
+                                           : toUserUnits(settings_.FontHeight, settings_.Measurement);
+    return S_OK;
+}
+
+HRESULT CNorvel_OvalineCtrl::put_FontHeight(FLOAT value) {
+    return storeAndUpdate([&](TextSettings& settings) {
+        const std::int32_t height =
+            settings.DisplayInPoint != 0 ? pointsToMicrometres(value) : toInternalUnits(value, settings.Measurement);
+        settings.FontHeight = std::clamp(height, kLowestFontHeight, kHighestFontHeight);
+    });
+}
+
+HRESULT CNorvel_OvalineCtrl::get_Flatness(FLOAT* value) {
+    *value = shownLength(settings_.Flatness, settings_);
+    return S_OK;
+}
+
+HRESULT CNorvel_OvalineCtrl::put_Flatness(FLOAT value) {
+    return storeAndUpdate([&](TextSettings& settings) {
+        const std::int32_t flatness = toInternalUnits(value, settings.Measurement);
+        settings.Flatness = static_cast<float>(std::clamp(flatness, kFinestFlatness, kCoarsestFlatness));
+    });
+}
+
+// These two change nothing that is laid out: they are stored and never rebuild.
+
+HRESULT CNorvel_OvalineCtrl::get_SerNumIncrement(LONG* value) {
+    *value = settings_.SerNumIncrement;
+    return S_OK;
+}
+
+HRESULT CNorvel_OvalineCtrl::put_SerNumIncrement(LONG value) {
+    return storeOnly([&](TextSettings& settings) { settings.SerNumIncrement = value; });
+}
+
+HRESULT CNorvel_OvalineCtrl::get_DatabaseField(BSTR* value) {
+    *value = platform::makeBstr(settings_.DatabaseField);
+    return *value ? S_OK : E_OUTOFMEMORY;
+}
+
+HRESULT CNorvel_OvalineCtrl::put_DatabaseField(BSTR value) {
+    return storeOnly([&](TextSettings& settings) { settings.DatabaseField = platform::textOf(value); });
+}
+
+}  // namespace ovaline

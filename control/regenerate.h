@@ -1,0 +1,24 @@
+// From settings to kept paths.
+#pragma once
+
+#include "control/kept_paths.h"
+#include "control/text_settings.h"
+#include "geometry/layout_font.h"
+
+namespace ovaline {
+
+/// What one regeneration produces.
+struct Regenerated {
+    KeptPaths paths;
+    float resultRight = 0;   ///< µm: width of the result, the array included
+    float resultBottom = 0;  ///< µm: its height
+    float screenWidth = 0;   ///< pixels
+    float screenHeight = 0;  ///< pixels
+};
+
+/// Lays the text out, rotates it about the centre of the layout rectangle by -`Angle`, mirrors it about the centre of
+/// the frame, flattens and hatches it, and measures the result. Depends on nothing but its arguments; `font` keeps the
+/// glyphs for the next time. A failing path operation leaves its status in the path, and the pass goes on.
+Regenerated regenerate(const TextSettings& settings, platform::FontService& fonts, LayoutFont& font);
+
+}  // namespace ovaline

@@ -1,0 +1,85 @@
+#include "control/settings_slices.h"
+
+#include "platform/extended_precision.h"
+#include "platform/numbers.h"
+
+namespace ovaline {
+
+namespace {
+
+constexpr std::size_t kLongestFaceName = 31;
+constexpr std::int32_t kBold = 700;
+constexpr std::int32_t kRegular = 400;
+constexpr float kSolidPitch = 30;  // µm
+
+/// Height in dots on a display of 96 pixels per inch, in extended precision and in this order.
+std::int32_t cellHeight(std::int32_t fontHeight, float scale) {
+    const ExtendedPrecisionGuard extendedPrecision;
+    const long double height = static_cast<long double>(fontHeight) * static_cast<long double>(scale);
+    return truncateToInt32(height / 25400.0L * 96.0L);
+}
+
+}  // namespace
+
+Units unitsOf(const TextSettings& settings) {
+    return {settings.Measurement, settings.DotsPerUnit};
+}
+
+RectF layoutBoxOf(const TextSettings& settings) {
+    const Units units = unitsOf(settings);
+    return {0, 0, units.dots(settings.Width), units.dots(settings.Height)};
+}
+
+float fontScaleOf(const TextSettings& settings) {
+    return settings.DotsPerUnit / settings.UnitFactor;
+}
+
+platform::LogFont logFontOf(const TextSettings& settings) {
+    platform::LogFont font;
+    font.lfHeight = cellHeight(settings.FontHeight, fontScaleOf(settings));
+    font.lfWeight = settings.FontBold != 0 ? kBold : kRegular;
+    font.lfItalic = static_cast<std::uint8_t>(settings.FontItalic);
+    font.lfUnderline = static_cast<std::uint8_t>(settings.FontUnderline);
+    font.lfStrikeOut = static_cast<std::uint8_t>(settings.FontStrikeout);
+    font.lfCharSet = static_cast<std::uint8_t>(settings.FontCharSet);
+    font.lfFaceName = settings.FontName.substr(0, kLongestFaceName);
+    return font;
+}
+
+LayoutInput layoutInputOf(const TextSettings& settings, std::u16string_view text) {
+    LayoutInput input;
+    input.text = text;
+    input.font = logFontOf(settings);
+    input.box = layoutBoxOf(settings);
+    input.startAngle = settings.StartAngle;
+    input.direction = settings.TextDirection;
+    input.pathType = settings.PathType;
+    input.spacing = static_cast<float>(settings.CharSpace / 1000.0);
+    input.dotsPerPixel = fontScaleOf(settings);
+    return input;
+}
+
+HatchInput hatchInputOf(const TextSettings& settings) {
+    const Units units = unitsOf(settings);
+    HatchInput input;
+    input.fontStyle = settings.FontStyle;
+    input.fillStyle = settings.FillStyle;
+    input.spacing = units.hatchDots(settings.FillDistance);
+    input.solidSpacing = units.hatchDots(kSolidPitch);
+    input.lineAngle = settings.FillLineAngle;
+    input.crossAngle = settings.FillCrossAngle;
+    input.angle = settings.Angle;
+    return input;
+}
+
+VectorJob vectorJobOf(const TextSettings& settings, const KeptPaths& paths) {
+    VectorJob job{paths.TextPath, paths.FillPath, paths.FramePath};
+    job.showAxes = settings.ShowAxes;
+    job.outlineType = settings.OutlineType;
+    job.fontStyle = settings.FontStyle;
+    job.fillStyle = settings.FillStyle;
+    job.stepDistance = truncateToInt32(settings.StepSize);
+    return job;
+}
+
+}  // namespace ovaline

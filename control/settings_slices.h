@@ -1,0 +1,31 @@
+// What each consumer sees of the settings.
+#pragma once
+
+#include "control/kept_paths.h"
+#include "control/text_settings.h"
+#include "geometry/ellipse_layout.h"
+#include "geometry/hatching.h"
+#include "output/units.h"
+#include "output/vector_stream.h"
+
+namespace ovaline {
+
+Units unitsOf(const TextSettings& settings);
+
+/// The layout rectangle (0, 0, width, height) in dots.
+RectF layoutBoxOf(const TextSettings& settings);
+
+/// Dots per screen pixel as the font and the spacing use it.
+float fontScaleOf(const TextSettings& settings);
+
+/// The font to realise; its cell height is in dots.
+platform::LogFont logFontOf(const TextSettings& settings);
+
+/// The layout of `text`, which must outlive the result.
+LayoutInput layoutInputOf(const TextSettings& settings, std::u16string_view text);
+
+HatchInput hatchInputOf(const TextSettings& settings);
+
+VectorJob vectorJobOf(const TextSettings& settings, const KeptPaths& paths);
+
+}  // namespace ovaline

@@ -1,0 +1,165 @@
+#include "output/fill_section.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <vector>
+
+#include "output/hatch_family.h"
+
+namespace ovaline {
+
+namespace {
+
+// Lines that are worked on together: their crossings stay in the processor's cache.
+constexpr std::size_t kBandLines = 128;
+
+bool crossesBefore(PointF a, PointF b) {
+    if (a.X != b.X) return a.X < b.X;
+    if (a.Y != b.Y) return a.Y < b.Y;
+    // Equal points may still differ in the sign of a zero; their order must not depend on the order of the edges.
+    if (std::signbit(a.X) != std::signbit(b.X)) return std::signbit(a.X);
+    return std::signbit(a.Y) && !std::signbit(b.Y);
+}
+
+/// Sorts crossings that arrive almost in order.
+void sortCrossings(std::span<PointF> crossings) {
+    std::size_t patience = 4 * crossings.size() + 16;
+    for (std::size_t i = 1; i < crossings.size(); ++i) {
+        const PointF moved = crossings[i];
+        std::size_t at = i;
+        for (; at > 0 && crossesBefore(moved, crossings[at - 1]); --at) crossings[at] = crossings[at - 1];
+        crossings[at] = moved;
+        if (i - at > patience) {
+            std::ranges::sort(crossings, crossesBefore);
+            return;
+        }
+        patience -= i - at;
+    }
+}
+
+/// An edge and the lines of the family that it can cross.
+struct Reach {
+    std::uint32_t edge;
+    std::uint32_t begin;
+    std::uint32_t end;
+};
+
+struct Extent {
+    double largest = 0;
+    double longestEdge = 0;
+};
+
+Extent measure(std::span<const Segment> edges, std::span<const Segment> hatch) {
+    Extent extent;
+    const auto include = [&extent](const Segment& s) {
+        for (const float value : {s.from.X, s.from.Y, s.to.X, s.to.Y})
+            if (!(std::abs(value) <= extent.largest)) extent.largest = std::abs(value);
+    };
+    for (const Segment& edge : edges) {
+        include(edge);
+        const double dx = static_cast<double>(edge.to.X) - edge.from.X;
+        const double dy = static_cast<double>(edge.to.Y) - edge.from.Y;
+        extent.longestEdge = std::max(extent.longestEdge, std::sqrt(dx * dx + dy * dy));
+    }
+    std::ranges::for_each(hatch, include);
+    return extent;
+}
+
+class FillWriter {
+public:
+    FillWriter(std::span<const Segment> edges, RecordSink& sink) : edges_(edges), sink_(sink) {}
+
+    void write(const HatchFamily& family, std::span<const Segment> lines, std::size_t firstIndex) {
+        collect(family);
+        for (std::size_t band = 0; band + 1 < bandStart_.size(); ++band) {
+            const std::size_t begin = band * kBandLines;
+            const std::size_t end = std::min(begin + kBandLines, lines.size());
+            writeBand(std::span(reaches_).subspan(bandStart_[band], bandStart_[band + 1] - bandStart_[band]),
+                      lines.subspan(begin, end - begin), static_cast<std::uint32_t>(begin), firstIndex + begin);
+        }
+    }
+
+private:
+    /// Lists, band by band, the edges that reach it, in the order of their position along the lines.
+    void collect(const HatchFamily& family) {
+        std::vector<std::pair<float, Reach>> found;
+        found.reserve(edges_.size());
+        bandStart_.assign((family.size() + kBandLines - 1) / kBandLines + 1, 0);
+        for (std::size_t i = 0; i < edges_.size(); ++i) {
+            const LineRange range = family.candidates(edges_[i]);
+            if (range.begin >= range.end) continue;
+            found.emplace_back(family.along(edges_[i]),
+                               Reach{static_cast<std::uint32_t>(i), static_cast<std::uint32_t>(range.begin),
+                                     static_cast<std::uint32_t>(range.end)});
+            for (std::size_t band = range.begin / kBandLines; band <= (range.end - 1) / kBandLines; ++band)
+                ++bandStart_[band + 1];
+        }
+        std::ranges::sort(found, {}, &std::pair<float, Reach>::first);
+        for (std::size_t band = 1; band < bandStart_.size(); ++band) bandStart_[band] += bandStart_[band - 1];
+        reaches_.resize(bandStart_.back());
+        std::vector<std::size_t> next(bandStart_.begin(), bandStart_.end() - 1);
+        for (const auto& [along, reach] : found)
+            for (std::size_t band = reach.begin / kBandLines; band <= (reach.end - 1) / kBandLines; ++band)
+                reaches_[next[band]++] = reach;
+    }
+
+    void writeBand(std::span<const Reach> reaches, std::span<const Segment> lines, std::uint32_t bandBegin,
+                   std::size_t firstIndex) {
+        const auto count = static_cast<std::uint32_t>(lines.size());
+        const auto clamped = [&](std::uint32_t line) {
+            return line <= bandBegin ? 0 : std::min(line - bandBegin, count);
+        };
+        // Room for each line's candidates, then the crossings into it.
+        std::size_t changes[kBandLines + 1] = {};
+        for (const Reach& reach : reaches) {
+            ++changes[clamped(reach.begin)];
+            --changes[clamped(reach.end)];
+        }
+        std::size_t start[kBandLines + 1];
+        std::size_t next[kBandLines];
+        std::size_t total = 0, open = 0;
+        for (std::uint32_t line = 0; line < count; ++line) {
+            start[line] = next[line] = total;
+            open += changes[line];
+            total += open;
+        }
+        if (crossings_.size() < total) crossings_.resize(total);
+        for (const Reach& reach : reaches) {
+            const Segment edge = edges_[reach.edge];
+            for (std::uint32_t line = clamped(reach.begin); line < clamped(reach.end); ++line)
+                if (findCrossing(edge, lines[line], crossings_[next[line]])) ++next[line];
+        }
+        for (std::uint32_t line = 0; line < count; ++line)
+            writeLine(std::span(crossings_).subspan(start[line], next[line] - start[line]), firstIndex + line);
+    }
+
+    void writeLine(std::span<PointF> crossings, std::size_t index) {
+        sortCrossings(crossings);
+        const std::size_t count = crossings.size();
+        for (std::size_t i = 0; i < count; ++i) {
+            const PointF point = index % 2 == 0 ? crossings[i] : crossings[count - 1 - i];
+            sink_.write({i % 2 == 0 ? 'U' : 'D', point.X, point.Y});
+        }
+    }
+
+    std::span<const Segment> edges_;
+    RecordSink& sink_;
+    std::vector<Reach> reaches_;
+    std::vector<std::size_t> bandStart_;  // index of each band's first reach, and their number
+    std::vector<PointF> crossings_;
+};
+
+}  // namespace
+
+void writeFillSection(std::span<const Segment> edges, std::span<const Segment> hatch, RecordSink& sink) {
+    const Extent extent = measure(edges, hatch);
+    FillWriter writer(edges, sink);
+    for (std::size_t done = 0; done < hatch.size() && sink.fits();) {
+        const HatchFamily family(hatch.subspan(done), extent.largest, extent.longestEdge);
+        writer.write(family, hatch.subspan(done, family.size()), done);
+        done += family.size();
+    }
+}
+
+}  // namespace ovaline
