@@ -30,7 +30,7 @@ UINT SysStringLen(BSTR text) {
     if (!text) return 0;
     std::uint32_t bytes = 0;
     std::memcpy(&bytes, reinterpret_cast<const unsigned char*>(text) - 4, sizeof bytes);
-    return bytes / sizeof(OLECHAR);
+    return static_cast<UINT>(bytes / sizeof(OLECHAR));
 }
 
 namespace ovaline::platform {

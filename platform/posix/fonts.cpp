@@ -1,6 +1,6 @@
 #include "platform/posix/fonts.h"
 
-// The module's entry in the dynamic linker's list is a GNU extension that the compiler enables by itself.
+// dladdr1, which finds this module, is a GNU extension; the compiler enables it by itself.
 #include <dlfcn.h>
 #include <link.h>
 

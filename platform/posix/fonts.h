@@ -1,4 +1,4 @@
-// The font service on the font engine and font mapper of free desktops.
+// The font service on FreeType, the font engine, and fontconfig, the font mapper.
 #pragma once
 
 #include <memory>

@@ -1,5 +1,7 @@
 #include "platform/posix/fonts_face.h"
 
+#include <ft2build.h>
+#include FT_FREETYPE_H
 #include FT_FONT_FORMATS_H
 #include FT_OUTLINE_H
 #include FT_TRUETYPE_TABLES_H
@@ -30,12 +32,12 @@ constexpr std::int32_t kMadeUpBoldAdvance = 1;  // dots
 
 /// The file's bytes, empty where it cannot be read. The file is read rather than mapped: one that is cut short while
 /// it is mapped takes the process down.
-std::vector<FT_Byte> bytesOfFile(const std::string& path) {
+std::vector<std::uint8_t> bytesOfFile(const std::string& path) {
     std::error_code error;
     if (!std::filesystem::is_regular_file(path, error)) return {};
     const std::uintmax_t size = std::filesystem::file_size(path, error);
     if (error || size > kLargestFontFile) return {};
-    std::vector<FT_Byte> bytes(static_cast<std::size_t>(size));
+    std::vector<std::uint8_t> bytes(static_cast<std::size_t>(size));
     std::ifstream file(path, std::ios::binary);
     // The stream reads characters, the engine takes bytes.
     file.read(reinterpret_cast<char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
@@ -83,8 +85,12 @@ FontEngine startFontEngine() {
     return {library, [](FT_Library started) { FT_Done_FreeType(started); }};
 }
 
+void FontFace::FaceCloser::operator()(FT_FaceRec_* face) const {
+    FT_Done_Face(face);
+}
+
 std::shared_ptr<FontFace> FontFace::open(const FontEngine& engine, const std::string& path, int index) {
-    std::vector<FT_Byte> file = bytesOfFile(path);
+    std::vector<std::uint8_t> file = bytesOfFile(path);
     FT_Face opened = nullptr;
     const auto size = static_cast<FT_Long>(file.size());
     if (FT_New_Memory_Face(engine.get(), file.data(), size, index, &opened) != FT_Err_Ok) return nullptr;
@@ -94,12 +100,13 @@ std::shared_ptr<FontFace> FontFace::open(const FontEngine& engine, const std::st
     return std::shared_ptr<FontFace>(new FontFace(engine, std::move(file), std::move(face)));
 }
 
-FontFace::FontFace(FontEngine engine, std::vector<FT_Byte> file, FaceOwner face)
+FontFace::FontFace(FontEngine engine, std::vector<std::uint8_t> file, FaceOwner face)
     : engine_(std::move(engine)), file_(std::move(file)), face_(std::move(face)), cell_(cellOf(face_.get())) {
+    // The engine has chosen the Unicode map already where the font has one.
     isSymbol_ = !face_->charmap && FT_Select_Charmap(face_.get(), FT_ENCODING_MS_SYMBOL) == FT_Err_Ok;
 }
 
-FT_UInt FontFace::glyphIndex(char16_t code) const {
+unsigned FontFace::glyphIndex(char16_t code) const {
     const FT_UInt glyph = FT_Get_Char_Index(face_.get(), code);
     if (glyph != 0 || !isSymbol_ || code > kMostSymbolCode) return glyph;
     return FT_Get_Char_Index(face_.get(), kSymbolCodes + code);
@@ -122,7 +129,7 @@ CodesOfGlyphs FontFace::codesOfGlyphs() const {
     return codes;
 }
 
-std::vector<std::byte> FontFace::table(FT_ULong tag) const {
+std::vector<std::byte> FontFace::table(std::uint32_t tag) const {
     FT_ULong size = 0;
     if (FT_Load_Sfnt_Table(face_.get(), tag, 0, nullptr, &size) != FT_Err_Ok || size > file_.size()) return {};
     std::vector<std::byte> bytes(size);
@@ -150,7 +157,7 @@ bool FontFace::activate(std::int32_t ppem) {
 }
 
 /// Whether the outline has points of the two kinds that TrueType knows only.
-bool FontFace::collectPoints(const FT_Outline& outline) {
+bool FontFace::collectPoints(const FT_Outline_& outline) {
     points_.clear();
     contourEnds_.clear();
     for (int i = 0; i < outline.n_points; ++i) {

@@ -1,9 +1,7 @@
 // One face of a font file, opened in the font engine.
 #pragma once
 
-#include <ft2build.h>
-#include FT_FREETYPE_H
-
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -14,6 +12,11 @@
 #include "platform/posix/fonts_kerning.h"
 #include "platform/posix/fonts_scaling.h"
 #include "platform/posix/native_outline.h"
+
+// The font engine's own types.
+struct FT_LibraryRec_;
+struct FT_FaceRec_;
+struct FT_Outline_;
 
 namespace ovaline::platform {
 
@@ -50,21 +53,21 @@ public:
 
 private:
     struct FaceCloser {
-        void operator()(FT_Face face) const { FT_Done_Face(face); }
+        void operator()(FT_FaceRec_* face) const;
     };
     using FaceOwner = std::unique_ptr<FT_FaceRec_, FaceCloser>;
 
-    FontFace(FontEngine engine, std::vector<FT_Byte> file, FaceOwner face);
+    FontFace(FontEngine engine, std::vector<std::uint8_t> file, FaceOwner face);
 
-    FT_UInt glyphIndex(char16_t code) const;
+    unsigned glyphIndex(char16_t code) const;
     CodesOfGlyphs codesOfGlyphs() const;
-    std::vector<std::byte> table(FT_ULong tag) const;
+    std::vector<std::byte> table(std::uint32_t tag) const;
     bool activate(std::int32_t ppem);
-    bool collectPoints(const FT_Outline& outline);
+    bool collectPoints(const FT_Outline_& outline);
 
     // The engine's objects go first, then the bytes and the library they use.
     FontEngine engine_;
-    std::vector<FT_Byte> file_;
+    std::vector<std::uint8_t> file_;
     FaceOwner face_;
     bool isSymbol_ = false;
     CellUnits cell_;

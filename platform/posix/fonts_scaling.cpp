@@ -35,8 +35,9 @@ std::optional<std::int32_t> dotsPerEm(std::int32_t lfHeight, const CellUnits& ce
         if (mulDiv(cellUnits, ppem, cell.unitsPerEm) > lfHeight) --ppem;
     }
     ppem = std::max<std::int64_t>(ppem, 1);
-    const bool isScalable = (ppem * kSubDots << 16) / cell.unitsPerEm <= std::numeric_limits<std::int32_t>::max();
-    if (ppem > kMostDotsPerEm || !isScalable) return std::nullopt;
+    if (ppem > kMostDotsPerEm) return std::nullopt;
+    const std::int64_t scale = (ppem * kSubDots << 16) / cell.unitsPerEm;
+    if (scale > std::numeric_limits<std::int32_t>::max()) return std::nullopt;
     return static_cast<std::int32_t>(ppem);
 }
 

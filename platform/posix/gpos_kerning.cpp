@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <bit>
-#include <set>
 #include <utility>
 
 #include "platform/posix/fonts_table.h"
@@ -62,11 +61,11 @@ public:
 
     void readLookups() {
         const std::size_t list = table_.u16(8);
-        const std::set<std::uint16_t> wanted = lookupsOfKerning();
-        if (!wanted.empty()) cells_.resize(glyphs_.count() * glyphs_.count());
-        for (const std::uint16_t lookup : wanted) {
-            if (lookup >= table_.u16(list)) break;
-            const std::size_t offset = table_.u16(list + 2 + std::size_t{2} * lookup);
+        noteLookupsOfKerning();
+        // They apply in the order of the lookup list.
+        for (std::size_t lookup = 0; lookup < table_.u16(list); ++lookup) {
+            if (!isLookupOfKerning_[lookup]) continue;
+            const std::size_t offset = table_.u16(list + 2 + 2 * lookup);
             if (offset != 0 && !readLookup(list + offset)) return;
         }
     }
@@ -106,9 +105,7 @@ private:
         return stepsLeft_ > 0;
     }
 
-    /// In the order in which they apply, which is that of the lookup list.
-    std::set<std::uint16_t> lookupsOfKerning() {
-        std::set<std::uint16_t> lookups;
+    void noteLookupsOfKerning() {
         const std::size_t scripts = table_.u16(4);
         for (std::size_t i = 0; i < table_.u16(scripts); ++i) {
             const std::size_t record = scripts + 2 + 6 * i;
@@ -116,12 +113,11 @@ private:
             if (script != tag('D', 'F', 'L', 'T') && script != tag('l', 'a', 't', 'n')) continue;
             const std::size_t scriptTable = scripts + table_.u16(record + 4);
             const std::size_t language = table_.u16(scriptTable);
-            if (language != 0) addLookupsOf(scriptTable + language, lookups);
+            if (language != 0) noteLookupsOf(scriptTable + language);
         }
-        return lookups;
     }
 
-    void addLookupsOf(std::size_t language, std::set<std::uint16_t>& lookups) {
+    void noteLookupsOf(std::size_t language) {
         const std::size_t features = table_.u16(6);
         const std::size_t indices = table_.u16(language + 4);
         if (!spend(indices)) return;
@@ -132,15 +128,14 @@ private:
             const std::size_t featureTable = features + table_.u16(record + 4);
             const std::size_t count = table_.u16(featureTable + 2);
             if (!spend(count)) return;
-            for (std::size_t j = 0; j < count; ++j) {
-                lookups.insert(table_.u16(featureTable + 4 + 2 * j));
-            }
+            for (std::size_t j = 0; j < count; ++j) isLookupOfKerning_[table_.u16(featureTable + 4 + 2 * j)] = true;
         }
     }
 
     /// False where the table asks for too much work; so too below.
     bool readLookup(std::size_t lookup) {
         ++lookup_;
+        cells_.resize(glyphs_.count() * glyphs_.count());
         const unsigned type = table_.u16(lookup);
         for (std::size_t i = 0; i < table_.u16(lookup + 4); ++i) {
             if (!spend(1)) return false;
@@ -269,7 +264,8 @@ private:
 
     BigEndianTable table_;
     const KernedGlyphs& glyphs_;
-    std::vector<Cell> cells_;  // by first, then second glyph
+    std::vector<bool> isLookupOfKerning_ = std::vector<bool>(0x10000);
+    std::vector<Cell> cells_;  // by first, then second glyph; empty until a lookup applies
     std::vector<CoveredGlyph> covered_;
     std::vector<std::uint16_t> firstClasses_;
     std::vector<std::uint16_t> secondClasses_;
