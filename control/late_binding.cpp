@@ -39,11 +39,12 @@ public:
     /// Takes one in argument, converted to `type`.
     HRESULT addIn(const VARIANT& given, const ValueType& type) {
         const bool whole = type.vt == VT_VARIANT;
-        VARIANT value{};
-        if (whole)
-            value = given;
-        else if (const HRESULT hr = VariantChangeType(&value, &given, 0, type.vt); FAILED(hr))
-            return hr;
+        VARIANT value = given;
+        if (!whole) {
+            VARIANT source = given;  // some platforms' declaration wants a source that could be written to
+            VariantInit(&value);
+            if (const HRESULT hr = VariantChangeType(&value, &source, 0, type.vt); FAILED(hr)) return hr;
+        }
         values_.push_back(value);
         owned_.push_back(!whole);
         return S_OK;

@@ -1,4 +1,6 @@
 // The methods of the interface.
+#include <cstring>
+
 #include "control/settings_slices.h"
 #include "control/store.h"
 #include "platform/numbers.h"

@@ -71,8 +71,8 @@ public:
 
     // IViewObject: the advise sink is held; drawing comes with the drawing service.
     HRESULT STDMETHODCALLTYPE Draw(DWORD aspect, LONG index, void* aspectInfo, DVTARGETDEVICE* device, HDC targetDc,
-                                   HDC drawDc, LPCRECTL bounds, LPCRECTL windowBounds, Continue proceed,
-                                   std::uintptr_t context) override;
+                                   HDC drawDc, LPCRECTL bounds, LPCRECTL windowBounds,
+                                   BOOL(STDMETHODCALLTYPE* proceed)(ULONG_PTR), ULONG_PTR context) override;
     HRESULT STDMETHODCALLTYPE GetColorSet(DWORD aspect, LONG index, void* aspectInfo, DVTARGETDEVICE* device,
                                           HDC targetDc, LOGPALETTE** colors) override;
     HRESULT STDMETHODCALLTYPE Freeze(DWORD aspect, LONG index, void* aspectInfo, DWORD* freeze) override;

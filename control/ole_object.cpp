@@ -89,8 +89,8 @@ HRESULT CNorvel_OvalineCtrl::SetColorScheme(LOGPALETTE*) {
     return E_NOTIMPL;
 }
 
-HRESULT CNorvel_OvalineCtrl::Draw(DWORD, LONG, void*, DVTARGETDEVICE*, HDC, HDC, LPCRECTL, LPCRECTL, Continue,
-                                  std::uintptr_t) {
+HRESULT CNorvel_OvalineCtrl::Draw(DWORD, LONG, void*, DVTARGETDEVICE*, HDC, HDC, LPCRECTL, LPCRECTL,
+                                  BOOL(STDMETHODCALLTYPE*)(ULONG_PTR), ULONG_PTR) {
     return E_NOTIMPL;
 }
 

@@ -36,13 +36,14 @@ FLOAT shownLength(float stored, const TextSettings& settings) {
         return storeAndUpdate([&](TextSettings& settings) { stored; }); \
     }
 
-#define VALUE(name, type) ACCESSORS(name, type, settings_.name, settings.name = value)
-#define ENUMERATION(name, type) ACCESSORS(name, type, static_cast<type>(settings_.name), settings.name = value)
-#define LENGTH(name) \
+#define VALUE_PROPERTY(name, type) ACCESSORS(name, type, settings_.name, settings.name = value)
+#define ENUMERATION_PROPERTY(name, type) ACCESSORS(name, type, static_cast<type>(settings_.name), settings.name = value)
+#define LENGTH_PROPERTY(name) \
     ACCESSORS(name, FLOAT, shownLength(settings_.name, settings_), settings.name = storedLength(value, settings))
 // Held as 32 bits, sign-extended, so that a flip is the bitwise complement.
-#define WIDE_FLAG(name) ACCESSORS(name, VARIANT_BOOL, static_cast<VARIANT_BOOL>(settings_.name), settings.name = value)
-#define TEXT(name)                                                                                       \
+#define WIDE_FLAG_PROPERTY(name) \
+    ACCESSORS(name, VARIANT_BOOL, static_cast<VARIANT_BOOL>(settings_.name), settings.name = value)
+#define TEXT_PROPERTY(name)                                                                              \
     HRESULT CNorvel_OvalineCtrl::get_##name(BSTR* value) {                                               \
         *value = platform::makeBstr(settings_.name);                                                     \
         return *value ? S_OK : E_OUTOFMEMORY;                                                            \
@@ -50,7 +51,7 @@ FLOAT shownLength(float stored, const TextSettings& settings) {
     HRESULT CNorvel_OvalineCtrl::put_##name(BSTR value) {                                                \
         return storeAndUpdate([&](TextSettings& settings) { settings.name = platform::textOf(value); }); \
     }
-#define COPIES(name)                                                                   \
+#define COPIES_PROPERTY(name)                                                          \
     HRESULT CNorvel_OvalineCtrl::get_##name(LONG* value) {                             \
         *value = settings_.name;                                                       \
         return S_OK;                                                                   \
@@ -60,51 +61,51 @@ FLOAT shownLength(float stored, const TextSettings& settings) {
         return storeAndUpdate([&](TextSettings& settings) { settings.name = value; }); \
     }
 
-VALUE(FontBold, VARIANT_BOOL)
-VALUE(FontItalic, VARIANT_BOOL)
-VALUE(FontUnderline, VARIANT_BOOL)
-VALUE(FontStrikeout, VARIANT_BOOL)
-VALUE(StartAngle, FLOAT)
-VALUE(Angle, FLOAT)
-VALUE(FillLineAngle, FLOAT)
-VALUE(FillCrossAngle, FLOAT)
-VALUE(SerialNumEnable, VARIANT_BOOL)
-VALUE(AutoDateEnable, VARIANT_BOOL)
-VALUE(AutoDateOffset, INT)
+VALUE_PROPERTY(FontBold, VARIANT_BOOL)
+VALUE_PROPERTY(FontItalic, VARIANT_BOOL)
+VALUE_PROPERTY(FontUnderline, VARIANT_BOOL)
+VALUE_PROPERTY(FontStrikeout, VARIANT_BOOL)
+VALUE_PROPERTY(StartAngle, FLOAT)
+VALUE_PROPERTY(Angle, FLOAT)
+VALUE_PROPERTY(FillLineAngle, FLOAT)
+VALUE_PROPERTY(FillCrossAngle, FLOAT)
+VALUE_PROPERTY(SerialNumEnable, VARIANT_BOOL)
+VALUE_PROPERTY(AutoDateEnable, VARIANT_BOOL)
+VALUE_PROPERTY(AutoDateOffset, INT)
 
-ENUMERATION(SerialDirection, _serialdirection)
-ENUMERATION(TextDirection, _txtdirection)
-ENUMERATION(PathType, _pathtype)
-ENUMERATION(ShowAxes, _axesstyle)
-ENUMERATION(FillStyle, _fillstyle)
-ENUMERATION(OutlineType, _outlinestyle)
-ENUMERATION(SerNumDecimalPlaces, _sernumdigits)
-ENUMERATION(SerialNumberType, _sernumtypes)
-ENUMERATION(AutoDatePosition, _autodatepos)
-ENUMERATION(AutoDateFormat, _autodateformat)
+ENUMERATION_PROPERTY(SerialDirection, _serialdirection)
+ENUMERATION_PROPERTY(TextDirection, _txtdirection)
+ENUMERATION_PROPERTY(PathType, _pathtype)
+ENUMERATION_PROPERTY(ShowAxes, _axesstyle)
+ENUMERATION_PROPERTY(FillStyle, _fillstyle)
+ENUMERATION_PROPERTY(OutlineType, _outlinestyle)
+ENUMERATION_PROPERTY(SerNumDecimalPlaces, _sernumdigits)
+ENUMERATION_PROPERTY(SerialNumberType, _sernumtypes)
+ENUMERATION_PROPERTY(AutoDatePosition, _autodatepos)
+ENUMERATION_PROPERTY(AutoDateFormat, _autodateformat)
 
-LENGTH(Width)
-LENGTH(Height)
-LENGTH(CharSpace)
-LENGTH(FillLineWidth)
-LENGTH(FillDistance)
-LENGTH(TextOutline)
-LENGTH(ArrayXOffset)
-LENGTH(ArrayYOffset)
+LENGTH_PROPERTY(Width)
+LENGTH_PROPERTY(Height)
+LENGTH_PROPERTY(CharSpace)
+LENGTH_PROPERTY(FillLineWidth)
+LENGTH_PROPERTY(FillDistance)
+LENGTH_PROPERTY(TextOutline)
+LENGTH_PROPERTY(ArrayXOffset)
+LENGTH_PROPERTY(ArrayYOffset)
 
-WIDE_FLAG(Invert)
-WIDE_FLAG(MirrorHorizontal)
-WIDE_FLAG(MirrorVertical)
-WIDE_FLAG(SpareFlag)
+WIDE_FLAG_PROPERTY(Invert)
+WIDE_FLAG_PROPERTY(MirrorHorizontal)
+WIDE_FLAG_PROPERTY(MirrorVertical)
+WIDE_FLAG_PROPERTY(SpareFlag)
 
-TEXT(TextData)
-TEXT(SerialNumPrefix)
-TEXT(SerNumStart)
-TEXT(SerNumSuffix)
-TEXT(CustomAutoText)
+TEXT_PROPERTY(TextData)
+TEXT_PROPERTY(SerialNumPrefix)
+TEXT_PROPERTY(SerNumStart)
+TEXT_PROPERTY(SerNumSuffix)
+TEXT_PROPERTY(CustomAutoText)
 
-COPIES(ArrayXDimension)
-COPIES(ArrayYDimension)
+COPIES_PROPERTY(ArrayXDimension)
+COPIES_PROPERTY(ArrayYDimension)
 
 ACCESSORS(FontStyle, _txtfontstyle, static_cast<_txtfontstyle>(settings_.FontStyle), setFontStyle(settings, value))
 

@@ -23,6 +23,7 @@ using FLOAT = float;
 using DOUBLE = double;
 using LONGLONG = std::int64_t;
 using ULONGLONG = std::uint64_t;
+using ULONG_PTR = std::uintptr_t;
 using OLECHAR = char16_t;
 using LPOLESTR = OLECHAR*;
 using LPCOLESTR = const OLECHAR*;
@@ -53,16 +54,28 @@ using REFGUID = const GUID&;
 using REFIID = const IID&;
 using REFCLSID = const CLSID&;
 
-inline bool operator==(const GUID& a, const GUID& b) { return std::memcmp(&a, &b, sizeof(GUID)) == 0; }
-inline bool IsEqualGUID(const GUID& a, const GUID& b) { return a == b; }
-inline bool IsEqualIID(const IID& a, const IID& b) { return a == b; }
+inline bool operator==(const GUID& a, const GUID& b) {
+    return std::memcmp(&a, &b, sizeof(GUID)) == 0;
+}
+inline bool IsEqualGUID(const GUID& a, const GUID& b) {
+    return a == b;
+}
+inline bool IsEqualIID(const IID& a, const IID& b) {
+    return a == b;
+}
 
 inline constexpr GUID GUID_NULL{};
 inline constexpr IID IID_NULL{};
 
-constexpr HRESULT statusCode(std::uint32_t bits) { return static_cast<HRESULT>(bits); }
-constexpr bool SUCCEEDED(HRESULT hr) { return hr >= 0; }
-constexpr bool FAILED(HRESULT hr) { return hr < 0; }
+constexpr HRESULT statusCode(std::uint32_t bits) {
+    return static_cast<HRESULT>(bits);
+}
+constexpr bool SUCCEEDED(HRESULT hr) {
+    return hr >= 0;
+}
+constexpr bool FAILED(HRESULT hr) {
+    return hr < 0;
+}
 
 constexpr HRESULT S_OK = 0;
 constexpr HRESULT S_FALSE = 1;

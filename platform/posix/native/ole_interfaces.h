@@ -82,10 +82,9 @@ struct IOleObject : IUnknown {
 };
 
 struct IViewObject : IUnknown {
-    using Continue = BOOL(STDMETHODCALLTYPE*)(std::uintptr_t);
     virtual HRESULT STDMETHODCALLTYPE Draw(DWORD dwDrawAspect, LONG lindex, void* pvAspect, DVTARGETDEVICE* ptd,
                                            HDC hdcTargetDev, HDC hdcDraw, LPCRECTL lprcBounds, LPCRECTL lprcWBounds,
-                                           Continue pfnContinue, std::uintptr_t dwContinue) = 0;
+                                           BOOL(STDMETHODCALLTYPE* pfnContinue)(ULONG_PTR), ULONG_PTR dwContinue) = 0;
     virtual HRESULT STDMETHODCALLTYPE GetColorSet(DWORD dwDrawAspect, LONG lindex, void* pvAspect, DVTARGETDEVICE* ptd,
                                                   HDC hicTargetDev, LOGPALETTE** ppColorSet) = 0;
     virtual HRESULT STDMETHODCALLTYPE Freeze(DWORD dwDrawAspect, LONG lindex, void* pvAspect, DWORD* pdwFreeze) = 0;
