@@ -21,9 +21,9 @@ asan: setup
 	OVALINE_BUILD=build-asan scripts/test.sh
 
 fuzz: setup
-	cmake --preset fuzz
-	cmake --build --preset fuzz
-	scripts/fuzz.sh
+	cmake --preset asan
+	cmake --build --preset asan --target control_fuzz
+	build-asan/fuzz/control_fuzz 120
 
 windows:
 	scripts/setup.sh windows
