@@ -1,0 +1,109 @@
+#include "host/automation.h"
+
+#include <array>
+#include <new>
+#include <nlohmann/json.hpp>
+
+#include "host/automation_calls.h"
+#include "host/failure.h"
+#include "host/json_values.h"
+#include "host/members.h"
+#include "host/request.h"
+
+namespace ovaline::host {
+
+namespace {
+
+constexpr std::array<std::string_view, 3> kVerbs = {"put", "get", "call"};
+
+/// Lines of the protocol that this version does not serve; "page" comes first, for its lines may hold "draw" too.
+constexpr std::array<std::string_view, 5> kLaterVerbs = {"page", "draw", "lang", "registry", "register"};
+
+std::string_view verbOf(const Json& request) {
+    if (!request.is_object()) throw Failure("a line is one JSON object");
+    for (const std::string_view verb : kLaterVerbs)
+        if (request.contains(verb)) throw Failure(std::string(verb) + " is not available in this version");
+    std::string_view found;
+    for (const std::string_view verb : kVerbs) {
+        if (!request.contains(verb)) continue;
+        if (!found.empty()) throw Failure("a line holds one of put, get and call");
+        found = verb;
+    }
+    if (found.empty()) throw Failure("a line holds put, get or call");
+    return found;
+}
+
+void appendEvents(AnswerLine& answer, const std::vector<Event>& events) {
+    if (events.empty()) return;
+    std::string& out = answer.member("events");
+    const char* separator = "[";
+    for (const Event& event : events) {
+        out += separator;
+        separator = ", ";
+        if (const auto* resize = std::get_if<ResizeRequest>(&event)) {
+            const RECT& to = resize->rectangle;
+            out += "{\"posRect\": [" + std::to_string(to.left) + ", " + std::to_string(to.top) + ", " +
+                   std::to_string(to.right) + ", " + std::to_string(to.bottom) + "]}";
+        } else {
+            out += "{\"viewChange\": true}";
+        }
+    }
+    out += "]";
+}
+
+}  // namespace
+
+HostedControl& Automation::controlFor(const Json& request) {
+    const std::string name = request.contains("on") ? textMember(request, "on") : "control";
+    std::unique_ptr<HostedControl>& control = controls_[name];
+    if (!control) control = std::make_unique<HostedControl>(module_());
+    return *control;
+}
+
+std::string Automation::answerTo(const Json& request) {
+    const std::string_view verb = verbOf(request);
+    const std::string& name = textMember(request, verb);
+    AnswerLine answer;
+    if (verb == "put") {
+        allowOnly(request, verb, {"value"});
+        const Member& property = findProperty(name);
+        if (!request.contains("value")) throw Failure("a line with put takes a \"value\"");
+        Arguments value(1);
+        store(request.at("value"), property.type, name, value[0]);
+        HostedControl& control = controlFor(request);
+        answer.status(property.put(control.table(), value.all()));
+        appendEvents(answer, control.takeEvents());
+    } else if (verb == "get") {
+        allowOnly(request, verb, {});
+        const Member& property = findProperty(name);
+        HostedControl& control = controlFor(request);
+        Arguments value(1);
+        const HRESULT hr = property.get(control.table(), value.all());
+        answer.status(hr);
+        if (SUCCEEDED(hr)) appendValue(answer.member("value"), value[0]);
+        appendEvents(answer, control.takeEvents());
+    } else {
+        const Member& method = findMethod(name);
+        const auto table = [&]() -> INorvel_OvalineCtrlTable& { return controlFor(request).table(); };
+        performCall(method, request, table, answer);
+        appendEvents(answer, controlFor(request).takeEvents());
+    }
+    return std::move(answer).finish();
+}
+
+std::string Automation::answer(std::string_view line) {
+    std::string reason;
+    try {
+        return answerTo(parseJson(line));
+    } catch (const Failure& failure) {
+        reason = failure.what();
+    } catch (const std::bad_alloc&) {
+        reason = "there is not enough memory for this line";
+    }
+    understoodAll_ = false;
+    AnswerLine answer;
+    answer.text("error", reason);
+    return std::move(answer).finish();
+}
+
+}  // namespace ovaline::host

@@ -1,0 +1,34 @@
+// The automation protocol: one JSON object a line in, one a line out.
+#pragma once
+
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "host/control_host.h"
+#include "host/json_text.h"
+
+namespace ovaline::host {
+
+/// The controls of one run and the answers to its lines.
+class Automation {
+public:
+    explicit Automation(ModuleSource module) : module_(std::move(module)) {}
+
+    /// The answer to one line, without its newline. A line that is not understood is answered with an "error".
+    std::string answer(std::string_view line);
+
+    /// Whether every line so far was understood.
+    bool understoodAll() const { return understoodAll_; }
+
+private:
+    std::string answerTo(const Json& request);
+    HostedControl& controlFor(const Json& request);
+
+    ModuleSource module_;
+    std::map<std::string, std::unique_ptr<HostedControl>> controls_;
+    bool understoodAll_ = true;
+};
+
+}  // namespace ovaline::host

@@ -1,0 +1,65 @@
+#include "host/control_host.h"
+
+#include <array>
+#include <charconv>
+
+#include "host/failure.h"
+
+namespace ovaline::host {
+
+namespace {
+
+using platform::ComPtr;
+using platform::query;
+
+std::string hexadecimal(HRESULT hr) {
+    std::array<char, 8> digits{};
+    const auto end =
+        std::to_chars(digits.data(), digits.data() + digits.size(), static_cast<std::uint32_t>(hr), 16).ptr;
+    return "0x" + std::string(digits.data(), end);
+}
+
+template <typename Interface>
+ComPtr<Interface> queryOrFail(IUnknown* object, REFIID iid, const char* name) {
+    ComPtr<Interface> found = query<Interface>(object, iid);
+    if (!found)
+        throw Failure(std::string("the control has no ") + name + ", install program and module of one version");
+    return found;
+}
+
+}  // namespace
+
+platform::GetClassObject loadControlModule() {
+    const auto path = platform::programFolder() / platform::moduleFileName();
+    const auto loaded = platform::loadModule(path);
+    if (const auto* reason = std::get_if<std::string>(&loaded))
+        throw Failure("the control's module does not load, " + *reason + ", put it beside the program");
+    return std::get<platform::GetClassObject>(loaded);
+}
+
+void require(HRESULT hr, std::string_view operation) {
+    if (hr == E_NOTIMPL) throw Failure(std::string(operation) + " is not available in this version of the control");
+    if (FAILED(hr)) throw Failure(std::string(operation) + " failed with status " + hexadecimal(hr));
+}
+
+HostedControl::HostedControl(platform::GetClassObject getClassObject)
+    : site_(ComPtr<ContainerSite>::adopt(ContainerSite::create())) {
+    void* factoryObject = nullptr;
+    require(getClassObject(CLSID_Norvel_OvalineCtrl, IID_IClassFactory, &factoryObject), "the module's class object");
+    const auto factory = ComPtr<IClassFactory>::adopt(static_cast<IClassFactory*>(factoryObject));
+    void* object = nullptr;
+    require(factory->CreateInstance(nullptr, IID_INorvel_OvalineCtrl, &object), "creating a control");
+    control_ = ComPtr<INorvel_OvalineCtrl>::adopt(static_cast<INorvel_OvalineCtrl*>(object));
+    const auto ole = queryOrFail<IOleObject>(control_.get(), IID_IOleObject, "IOleObject");
+    const auto view = queryOrFail<IViewObject>(control_.get(), IID_IViewObject, "IViewObject");
+    require(ole->SetClientSite(site_.get()), "IOleObject::SetClientSite");
+    require(view->SetAdvise(DVASPECT_CONTENT, 0, site_.get()), "IViewObject::SetAdvise");
+}
+
+HostedControl::~HostedControl() {
+    // The control holds references to its site and the site's owner holds the control: the host cuts the circle.
+    if (const auto view = query<IViewObject>(control_.get(), IID_IViewObject)) view->SetAdvise(0, 0, nullptr);
+    if (const auto ole = query<IOleObject>(control_.get(), IID_IOleObject)) ole->SetClientSite(nullptr);
+}
+
+}  // namespace ovaline::host

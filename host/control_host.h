@@ -1,0 +1,43 @@
+// A control as a host sees it: created through the module's class object, sitting in a container.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string_view>
+#include <vector>
+
+#include "control/interface/norvel_ovaline_ctrl.h"
+#include "host/container_site.h"
+#include "platform/module_loader.h"
+
+namespace ovaline::host {
+
+/// Gives the module's class-object export when a control is needed; throws Failure where there is no module.
+using ModuleSource = std::function<platform::GetClassObject()>;
+
+/// The class-object export of the module beside the program. Throws Failure where there is none.
+platform::GetClassObject loadControlModule();
+
+/// Throws Failure naming the operation where it failed.
+void require(HRESULT hr, std::string_view operation);
+
+class HostedControl {
+public:
+    /// Creates a control with its defaults. Throws Failure where the module refuses.
+    explicit HostedControl(platform::GetClassObject getClassObject);
+    ~HostedControl();
+    HostedControl(const HostedControl&) = delete;
+    HostedControl& operator=(const HostedControl&) = delete;
+
+    /// The control's table of operations with the accessors behind it that no type library describes.
+    INorvel_OvalineCtrlTable& table() { return static_cast<INorvel_OvalineCtrlTable&>(*control_.get()); }
+
+    /// What the control reported to its container since the last time, in order.
+    std::vector<Event> takeEvents() { return site_->takeEvents(); }
+
+private:
+    platform::ComPtr<INorvel_OvalineCtrl> control_;
+    platform::ComPtr<ContainerSite> site_;
+};
+
+}  // namespace ovaline::host

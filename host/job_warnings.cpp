@@ -1,0 +1,111 @@
+#include "host/job_warnings.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "host/control_settings.h"
+#include "host/text_encoding.h"
+#include "host/vector_stream.h"
+#include "output/vector_record.h"
+#include "platform/fonts.h"
+
+namespace ovaline::host {
+
+namespace {
+
+std::string jsonOfValue(const VARIANT& value) {
+    std::string text;
+    appendValue(text, value);
+    return text;
+}
+
+/// A length is held in whole micrometres and comes back rounded to 3 decimals, or 4 in inches.
+bool isHeld(const VARIANT& given, const VARIANT& held, bool inches) {
+    if (given.vt != VT_R4) return jsonOfValue(given) == jsonOfValue(held);
+    const float rounding = inches ? 0.00015f : 0.0025f;
+    return std::abs(given.fltVal - held.fltVal) <= std::max(rounding, std::abs(given.fltVal) * 1e-6f);
+}
+
+std::u16string textProperty(INorvel_OvalineCtrlTable& control,
+                            HRESULT (STDMETHODCALLTYPE INorvel_OvalineCtrl::*get)(BSTR*), const char* name) {
+    Arguments held(1);
+    held[0].vt = VT_BSTR;
+    require((control.*get)(&held[0].bstrVal), name);
+    return platform::textOf(held[0].bstrVal);
+}
+
+/// An ellipse on which every glyph has the room of some three times its height; nothing else that takes room or time.
+void makeRoom(INorvel_OvalineCtrlTable& control) {
+    constexpr std::size_t kOtherGlyphs = 64;  // of a serial number and a date, which stand in the text's place
+    const std::size_t glyphs =
+        textProperty(control, &INorvel_OvalineCtrl::get_TextData, "getting TextData").size() +
+        textProperty(control, &INorvel_OvalineCtrl::get_SerialNumPrefix, "getting SerialNumPrefix").size() +
+        textProperty(control, &INorvel_OvalineCtrl::get_SerNumStart, "getting SerNumStart").size() +
+        textProperty(control, &INorvel_OvalineCtrl::get_SerNumSuffix, "getting SerNumSuffix").size() +
+        textProperty(control, &INorvel_OvalineCtrl::get_CustomAutoText, "getting CustomAutoText").size();
+    FLOAT height = 0;
+    require(control.get_FontHeight(&height), "getting FontHeight");
+    const FLOAT size = static_cast<FLOAT>(glyphs + kOtherGlyphs) * height;
+    require(control.put_Width(size), "putting Width");
+    require(control.put_Height(size), "putting Height");
+    require(control.put_CharSpace(0), "putting CharSpace");
+    require(control.put_FillStyle(NoFilling), "putting FillStyle");
+}
+
+}  // namespace
+
+std::vector<std::string> heldOtherwise(INorvel_OvalineCtrlTable& control, const Job& job) {
+    std::vector<std::string> warnings;
+    for (const Setting& setting : job.settings) {
+        Arguments held(1);
+        const std::string name(setting.property->name);
+        require(setting.property->get(control, held.all()), "getting " + name);
+        if (!isHeld(setting.value[0], held[0], job.inches))
+            warnings.push_back(setting.origin + ": " + name + " " + jsonOfValue(setting.value[0]) +
+                               " was asked for, the control holds " + jsonOfValue(held[0]));
+    }
+    return warnings;
+}
+
+std::string fontWarning(INorvel_OvalineCtrlTable& control) {
+    const std::u16string asked = textProperty(control, &INorvel_OvalineCtrl::get_FontName, "getting FontName");
+    VARIANT_BOOL bold = VARIANT_FALSE;
+    VARIANT_BOOL italic = VARIANT_FALSE;
+    require(control.get_FontBold(&bold), "getting FontBold");
+    require(control.get_FontItalic(&italic), "getting FontItalic");
+
+    platform::LogFont description;
+    constexpr std::size_t kLongestFaceName = 31;
+    constexpr std::int32_t kAnyHeight = 1000;
+    constexpr std::int32_t kBold = 700;
+    description.lfFaceName = asked.substr(0, kLongestFaceName);
+    description.lfHeight = kAnyHeight;
+    if (bold) description.lfWeight = kBold;
+    description.lfItalic = italic ? 1 : 0;
+    const auto font = platform::systemFonts().createFont(description);
+    if (!font) return "no font can be opened for " + toUtf8(asked) + ", the text marks nothing";
+    const auto lowered = [](char16_t c) { return c >= u'A' && c <= u'Z' ? static_cast<char16_t>(c + 32) : c; };
+    if (std::ranges::equal(font->familyName(), asked, {}, lowered, lowered)) return {};
+    return "the font " + toUtf8(asked) + " is not installed, " + toUtf8(font->familyName()) + " is marked instead";
+}
+
+std::size_t figuresOf(INorvel_OvalineCtrlTable& control) {
+    const VectorStream stream = readVectorStream(control, &INorvel_OvalineCtrl::GetOutlineData, "GetOutlineData");
+    std::size_t figures = 0;
+    for (std::size_t at = 0; at + kVectorRecordSize <= stream.bytes().size(); at += kVectorRecordSize)
+        if (decode(stream.bytes().data() + at).code == 'u') ++figures;
+    return figures;
+}
+
+std::string roomWarning(platform::GetClassObject module, Job& job, std::size_t figures) {
+    HostedControl roomy(module);
+    putSettings(roomy.table(), job);
+    makeRoom(roomy.table());
+    require(roomy.table().SetUpdateFlag(1), "SetUpdateFlag");
+    const std::size_t all = figuresOf(roomy.table());
+    if (figures >= all) return {};
+    return "the text has no room on the ellipse, " + std::to_string(all - figures) + " of its " + std::to_string(all) +
+           " outline figures are left out";
+}
+
+}  // namespace ovaline::host

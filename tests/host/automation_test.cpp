@@ -1,0 +1,215 @@
+// The automation protocol over a fake control.
+#include <gtest/gtest.h>
+
+#include <nlohmann/json.hpp>
+
+#include "fake_control.h"
+#include "host/automation.h"
+#include "host/base64.h"
+
+namespace ovaline::host {
+namespace {
+
+using testing::fake;
+using testing::fakeModule;
+using testing::streamOf;
+
+class AutomationTest : public ::testing::Test {
+protected:
+    void SetUp() override { fake() = {}; }
+    std::string answer(std::string_view line) { return automation_.answer(line); }
+    /// The answer's member, as JSON.
+    Json member(std::string_view line, const char* name) { return parseJson(answer(line)).at(name); }
+
+    Automation automation_{fakeModule};
+};
+
+const std::string kEvents = R"("events": [{"posRect": [1, 2, 3, 4]}, {"viewChange": true}])";
+
+TEST_F(AutomationTest, PutsAndGetsInTheProtocolsForm) {
+    EXPECT_EQ(answer(R"({"put": "Width", "value": 30})"), R"({"hr": 0, )" + kEvents + "}");
+    EXPECT_EQ(answer(R"({"get": "Width"})"), R"({"hr": 0, "value": 30.0})");
+    EXPECT_EQ(answer(R"({"call": "SetUpdateFlag", "args": [0]})"), R"({"hr": 0})");
+    EXPECT_EQ(answer(R"({"put": "ArrayXDimension", "value": 0})"), R"({"hr": 1})");
+    EXPECT_EQ(answer(R"({"call": "FlipH"})"), R"({"hr": -2147467263})");
+    EXPECT_EQ(answer(R"({"call": "GetUnitFactor"})"), R"({"hr": -2147467263})");
+    EXPECT_EQ(answer(R"({"call": "GetArrayType"})"), R"({"hr": 0, "value": 1})");
+    fake().resultWidth = 20000;
+    fake().resultHeight = -5;
+    EXPECT_EQ(answer(R"({"call": "GetResultSize"})"), R"({"hr": 0, "values": [0, 0, 20000, -5]})");
+    EXPECT_TRUE(automation_.understoodAll());
+}
+
+struct RoundTrip {
+    const char* property;
+    const char* put;
+    const char* held;
+};
+
+TEST_F(AutomationTest, ValuesComeBackAsTheControlHoldsThem) {
+    const RoundTrip cases[] = {
+        {"Width", "0.1", "0.1"},
+        {"Width", "-2", "-2.0"},
+        {"Width", "1e300", "\"Infinity\""},
+        {"Width", "\"NaN\"", "\"NaN\""},
+        {"Width", "\"-Infinity\"", "\"-Infinity\""},
+        {"FontBold", "true", "-1"},
+        {"FontBold", "false", "0"},
+        {"FontBold", "2", "2"},
+        {"FontBold", "-32768", "-32768"},
+        {"SpareFlag", "true", "-1"},
+        {"FontUnderline", "1", "1"},
+        {"ArrayYDimension", "7", "7"},
+        {"ArrayYDimension", "7.0", "7"},
+        {"SerNumIncrement", "-2147483648", "-2147483648"},
+        {"AutoDateOffset", "2147483647", "2147483647"},
+        {"FillStyle", "\"Cross\"", "3"},
+        {"FillStyle", "99", "99"},
+        {"AutoDatePosition", "\"After_Suffix\"", "261"},
+        {"TextData", "\"\"", "\"\""},
+        {"TextData", "\"a\\u0000b\"", "\"a\\u0000b\""},
+        {"TextData", "\"\\ud800\"", "\"\\ud800\""},
+        {"TextData", "\"日本 😀\"", "\"日本 😀\""},
+    };
+    for (const RoundTrip& c : cases) {
+        const std::string name = c.property;
+        answer("{\"put\": \"" + name + "\", \"value\": " + c.put + "}");
+        EXPECT_EQ(answer("{\"get\": \"" + name + "\"}"), std::string("{\"hr\": 0, \"value\": ") + c.held + "}")
+            << name << " = " << c.put;
+    }
+}
+
+TEST_F(AutomationTest, WhatIsNotUnderstoodChangesNothingAndSaysWhy) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"", "not JSON"},
+        {"[]", "one JSON object"},
+        {"{}", "put, get or call"},
+        {R"({"put": "Width"})", "value"},
+        {R"({"put": "Width", "value": "wide"})", "Width takes a number"},
+        {R"({"put": "Width", "value": null})", "Width takes a number"},
+        {R"({"put": "Width", "value": 1, "valeu": 2})", "valeu"},
+        {R"({"put": "Width", "value": 1, "value": 2})", "twice"},
+        {R"({"put": "Width", "get": "Width", "value": 1})", "one of"},
+        {R"({"put": "Widht", "value": 1})", "did you mean Width"},
+        {R"({"put": "FlipH", "value": 1})", "no property"},
+        {R"({"get": 7})", "takes a text"},
+        {R"({"put": "ArrayXDimension", "value": 1.5})", "ArrayXDimension takes a whole number"},
+        {R"({"put": "ArrayXDimension", "value": 2147483648})", "ArrayXDimension takes a whole number"},
+        {R"({"put": "ArrayXDimension", "value": 1e30})", "ArrayXDimension takes a whole number"},
+        {R"({"put": "ArrayXDimension", "value": "1"})", "ArrayXDimension takes a whole number"},
+        {R"({"put": "ArrayXDimension", "value": true})", "ArrayXDimension takes a whole number"},
+        {R"({"put": "FontBold", "value": 32768})", "FontBold takes"},
+        {R"({"put": "FillStyle", "value": "Crss"})", "did you mean Cross"},
+        {R"({"put": "TextData", "value": 5})", "TextData takes a text"},
+        {R"({"call": "SetUpdateFlag"})", "takes 1 arguments, not 0"},
+        {R"({"call": "SetScreenXY", "args": [1, "2"]})", "Top of SetScreenXY"},
+        {R"({"call": "SetLeftTopinDACUnits", "args": [65536, 0]})", "65535"},
+        {R"({"call": "SetUpdateFlag", "args": 1})", "takes a list"},
+        {R"({"call": "GetVectorData", "size": -1})", "size"},
+        {R"({"call": "GetVectorData", "size": 4294967296})", "size"},
+        {R"({"call": "GetVectorData", "args": [1, 2]})", "takes 0 arguments"},
+        {R"({"call": "SetProperty", "data": "AAAA"})", "272 bytes"},
+        {R"({"call": "SetProperty"})", "data"},
+        {R"({"call": "Width"})", "no method"},
+        {R"({"get": "Width", "on": 3})", "takes a text"},
+        {R"({"page": "text", "id": 1201, "draw": "x.png"})", "page is not available in this version"},
+        {R"({"draw": "x.png"})", "draw is not available"},
+        {R"({"lang": null})", "lang is not available"},
+        {R"({"registry": "HKEY_CLASSES_ROOT", "list": true})", "registry is not available"},
+        {R"({"register": true})", "register is not available"},
+    };
+    for (const auto& [line, expected] : cases) {
+        Automation automation(fakeModule);
+        const Json said = parseJson(automation.answer(line));
+        ASSERT_TRUE(said.contains("error") && said.size() == 1) << line;
+        EXPECT_NE(said["error"].get<std::string>().find(expected), std::string::npos) << line << said;
+        EXPECT_FALSE(automation.understoodAll());
+    }
+    EXPECT_EQ(fake().regenerations, 0);
+    EXPECT_EQ(fake().alive, 0);
+}
+
+const std::vector<VectorRecord> kRecords = {{'u', 1, 2}, {'d', 3, 4}, kEndRecord};
+
+std::string inBase64(std::span<const std::byte> bytes) {
+    std::string text;
+    appendBase64(text, bytes);
+    return text;
+}
+
+TEST_F(AutomationTest, StreamIsAnsweredUpToItsEnd) {
+    fake().stream = streamOf(kRecords);
+    fake().askedSize = 100;
+    const std::string data = inBase64(fake().stream);
+    EXPECT_EQ(answer(R"({"call": "GetVectorData"})"),
+              R"({"hr": 0, "size": 100, "data": ")" + data + R"(", "overrun": false})");
+    EXPECT_EQ(answer(R"({"call": "GetVectorData", "size": 27})"),
+              R"({"hr": 0, "size": 27, "data": ")" + data + R"(", "overrun": false})");
+    EXPECT_EQ(member(R"({"call": "GetOutlineData"})", "size"), 16 << 20);
+    EXPECT_EQ(member(R"({"call": "GetOutlineData"})", "data"), data);
+    EXPECT_EQ(member(R"({"call": "GetVectorData", "size": 4294967295})", "data"), data);
+}
+
+TEST_F(AutomationTest, BuffersTooSmall) {
+    fake().stream = streamOf(kRecords);
+    const std::string end = inBase64(streamOf({kEndRecord}));
+    EXPECT_EQ(answer(R"({"call": "GetVectorData", "size": 26})"),
+              R"({"hr": -2147352557, "size": 26, "data": ")" + end + R"(", "overrun": false})");
+    EXPECT_EQ(answer(R"({"call": "GetVectorData", "size": 8})"),
+              R"({"hr": -2147352557, "size": 8, "data": "AAAAAAAAAAA=", "overrun": false})");
+    EXPECT_EQ(answer(R"({"call": "GetVectorData", "size": 0})"),
+              R"({"hr": -2147352557, "size": 0, "data": "", "overrun": false})");
+}
+
+TEST_F(AutomationTest, WritingBehindTheBufferIsNoticed) {
+    fake().stream = streamOf(kRecords);
+    for (const std::size_t overrun : {1u, 9u, 4096u}) {
+        fake().overrun = overrun;
+        EXPECT_EQ(member(R"({"call": "GetVectorData", "size": 27})", "overrun"), true) << overrun;
+    }
+}
+
+TEST_F(AutomationTest, RasterIsItsHeaderAndRows) {
+    fake().raster.assign(4 + 2 * 2, std::byte{1});
+    fake().raster[0] = std::byte{2};  // rows
+    fake().raster[1] = std::byte{0};
+    fake().raster[2] = std::byte{9};  // columns
+    fake().raster[3] = std::byte{0};
+    EXPECT_EQ(answer(R"({"call": "GetRasterData"})"),
+              R"({"hr": 0, "size": 70, "data": ")" + inBase64(fake().raster) + R"(", "overrun": false})");
+}
+
+TEST_F(AutomationTest, RecordTravelsWhole) {
+    std::vector<std::byte> record(272);
+    for (std::size_t i = 0; i < record.size(); ++i) record[i] = static_cast<std::byte>(i);
+    EXPECT_EQ(answer(R"({"call": "GetProperty"})"), R"({"hr": 0, "data": ")" + inBase64(record) + "\"}");
+    EXPECT_EQ(answer(R"({"call": "SetProperty", "data": ")" + inBase64(record) + "\"}"), R"({"hr": 0})");
+    EXPECT_EQ(fake().record, record);
+}
+
+TEST_F(AutomationTest, ControlsOfOneRunAreApart) {
+    answer(R"({"put": "Width", "value": 1})");
+    answer(R"({"put": "Width", "value": 2, "on": "other"})");
+    EXPECT_EQ(member(R"({"get": "Width"})", "value"), 1.0);
+    EXPECT_EQ(member(R"({"get": "Width", "on": "control"})", "value"), 1.0);
+    EXPECT_EQ(member(R"({"get": "Width", "on": "other"})", "value"), 2.0);
+    EXPECT_EQ(fake().alive, 2);
+    automation_ = Automation(fakeModule);
+    EXPECT_EQ(fake().alive, 0);
+}
+
+TEST_F(AutomationTest, LongLines) {
+    const std::string text(8 << 20, 'x');
+    answer(R"({"put": "TextData", "value": ")" + text + "\"}");
+    EXPECT_EQ(member(R"({"get": "TextData"})", "value"), text);
+}
+
+TEST(Automation, ModuleThatIsNotThereIsAnsweredToo) {
+    Automation automation([]() -> platform::GetClassObject {
+        return [](REFCLSID, REFIID, void**) -> HRESULT { return CLASS_E_CLASSNOTAVAILABLE; };
+    });
+    EXPECT_NE(automation.answer(R"({"get": "Width"})").find("0x80040111"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace ovaline::host

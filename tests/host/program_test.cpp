@@ -1,0 +1,259 @@
+// The built program with the real module beside it, as people and other programs use it.
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <nlohmann/json.hpp>
+
+#include "control/interface/type_library.h"
+#include "host/base64.h"
+#include "host/json_text.h"
+#include "output/vector_record.h"
+
+namespace ovaline::host {
+namespace {
+
+namespace fs = std::filesystem;
+
+struct Outcome {
+    int status;
+    std::string out;
+    std::string error;
+};
+
+class ProgramTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        std::string folder = (fs::temp_directory_path() / "ovaline-program-XXXXXX").string();
+        ASSERT_TRUE(mkdtemp(folder.data()));
+        folder_ = folder;
+    }
+    void TearDown() override { fs::remove_all(folder_); }
+
+    std::string text(const std::string& name) const {
+        std::ifstream file(folder_ / name, std::ios::binary);
+        return {std::istreambuf_iterator<char>(file), {}};
+    }
+    std::vector<std::string> files() const {
+        std::vector<std::string> names;
+        for (const auto& entry : fs::directory_iterator(folder_)) names.push_back(entry.path().filename().string());
+        std::ranges::sort(names);
+        return names;
+    }
+
+    /// Runs the program in the test's folder. `arguments` are words of a shell.
+    Outcome run(const std::string& arguments, const std::string& input = {}) {
+        const fs::path files[] = {folder_ / ".in", folder_ / ".out", folder_ / ".error"};
+        std::ofstream(files[0], std::ios::binary) << input;
+        const std::string command =
+            "cd '" + folder_.string() + "' && '" OVALINE_PROGRAM "' " + arguments + " <.in >.out 2>.error";
+        const int status = std::system(command.c_str());
+        Outcome outcome{WIFEXITED(status) ? WEXITSTATUS(status) : -1, text(".out"), text(".error")};
+        for (const fs::path& file : files) fs::remove(file);
+        return outcome;
+    }
+
+    /// The answers to the lines of a run.
+    std::vector<Json> answers(const std::string& lines) {
+        std::istringstream out(run("run", lines).out);
+        std::vector<Json> answers;
+        for (std::string line; std::getline(out, line);) answers.push_back(parseJson(line));
+        return answers;
+    }
+
+    fs::path folder_;
+};
+
+/// A value of a property, and what the control then holds.
+std::pair<std::string, std::string> exampleOf(const Member& property) {
+    if (property.type.enumeration) {
+        const EnumValue& last = property.type.enumeration->values.back();
+        return {"\"" + std::string(last.name) + "\"", std::to_string(last.value)};
+    }
+    switch (property.type.vt) {
+        case VT_BSTR:
+            return {R"("Liberation Sans")", R"("Liberation Sans")"};
+        case VT_R4:
+            return property.name == "Flatness" ? std::pair{"0.25", "0.25"} : std::pair{"12.5", "12.5"};
+        case VT_BOOL:
+            return {"true", "-1"};
+        default:
+            return {"3", "3"};
+    }
+}
+
+TEST_F(ProgramTest, EveryPropertyIsPutAndGot) {
+    std::string lines = "{\"call\": \"SetUpdateFlag\", \"args\": [0]}\n";
+    std::vector<std::string> expected;
+    for (const Member& member : members()) {
+        if (member.kind == MemberKind::Method) continue;
+        const auto [put, held] = exampleOf(member);
+        const std::string name(member.name);
+        lines += "{\"put\": \"" + name + "\", \"value\": " + put + "}\n{\"get\": \"" + name + "\"}\n";
+        expected.push_back("{\"hr\": 0, \"value\": " + held + "}");
+    }
+    const Outcome outcome = run("run", lines);
+    EXPECT_EQ(outcome.status, 0);
+    std::istringstream out(outcome.out);
+    std::string line;
+    std::getline(out, line);
+    for (const std::string& held : expected) {
+        std::getline(out, line);
+        EXPECT_EQ(line, "{\"hr\": 0}") << held;
+        std::getline(out, line);
+        EXPECT_EQ(line, held);
+    }
+    EXPECT_EQ(expected.size(), 46u);
+}
+
+TEST_F(ProgramTest, RegeneratingPutMovesAndThenRepaints) {
+    const std::vector<Json> said = answers(R"({"call": "SetDefaultSize", "args": [0]}
+# a comment, and an empty line
+
+{"put": "Width", "value": 30}
+{"put": "DatabaseField", "value": "x"}
+{"call": "SetUpdateFlag", "args": [0]}
+{"put": "Width", "value": 31}
+)");
+    ASSERT_EQ(said.size(), 5u);
+    ASSERT_EQ(said[1]["events"].size(), 2u);
+    EXPECT_EQ(said[1]["events"][0]["posRect"].size(), 4u);
+    EXPECT_EQ(said[1]["events"][1]["viewChange"], true);
+    for (const std::size_t quiet : {2u, 3u, 4u}) EXPECT_FALSE(said[quiet].contains("events")) << quiet;
+}
+
+TEST_F(ProgramTest, StreamIsNeverLongerThanItsBuffer) {
+    std::string lines = R"({"call": "SetDefaultSize", "args": [0]}
+{"call": "GetVectorDataSize"}
+{"call": "GetVectorData"}
+)";
+    for (int size = 0; size < 30; ++size)
+        lines += "{\"call\": \"GetVectorData\", \"size\": " + std::to_string(size) + "}\n";
+    const std::vector<Json> said = answers(lines);
+    ASSERT_EQ(said.size(), 33u);
+    EXPECT_EQ(said[2]["hr"], 0);
+    EXPECT_EQ(said[2]["size"], said[1]["value"]);
+    const auto stream = decodeBase64(said[2]["data"].get<std::string>());
+    ASSERT_TRUE(stream && stream->size() > 1000 && stream->size() % kVectorRecordSize == 0);
+    EXPECT_EQ(decode(stream->data() + stream->size() - kVectorRecordSize), kEndRecord);
+    for (std::size_t size = 0; size < 30; ++size) {
+        const Json& answer = said[size + 3];
+        EXPECT_EQ(answer["hr"], -2147352557);
+        EXPECT_EQ(answer["overrun"], false);
+        const auto data = decodeBase64(answer["data"].get<std::string>());
+        ASSERT_TRUE(data);
+        if (size < kVectorRecordSize) {
+            EXPECT_EQ(*data, std::vector<std::byte>(size)) << size;
+        } else {
+            ASSERT_EQ(data->size(), kVectorRecordSize) << size;
+            EXPECT_EQ(decode(data->data()), kEndRecord);
+        }
+    }
+}
+
+TEST_F(ProgramTest, RunGoesOnAfterALineThatIsNotUnderstood) {
+    const Outcome outcome = run("run", "nonsense\n{\"get\": \"Angle\"}\n");
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_TRUE(outcome.out.starts_with("{\"error\": ")) << outcome.out;
+    EXPECT_TRUE(outcome.out.ends_with("\n{\"hr\": 0, \"value\": 0.0}\n")) << outcome.out;
+}
+
+TEST_F(ProgramTest, MarkWritesWhatTheControlWrote) {
+    std::ofstream(folder_ / "job.json") << R"({"measurement": "mm", "settings": {"FillStyle": "Cross", "Width": 40}})";
+    const Outcome marked = run("mark job.json --text 'A b' --set Width=30 -o a.ovl --quiet");
+    EXPECT_EQ(marked.status, 0) << marked.error;
+    EXPECT_EQ(marked.out, "");
+    const std::vector<Json> said = answers(R"({"call": "SetDefaultSize", "args": [0]}
+{"put": "FillStyle", "value": 3}
+{"put": "Width", "value": 30}
+{"put": "TextData", "value": "A b"}
+{"call": "GetVectorData"}
+)");
+    std::string stream;
+    const std::string file = text("a.ovl");
+    appendBase64(stream, std::as_bytes(std::span(file)));
+    EXPECT_EQ(said.back()["data"], stream);
+    EXPECT_EQ(run("mark job.json --text 'A b' --set Width=30 -o - --format ovl").out, file);
+}
+
+TEST_F(ProgramTest, InchesAreMarkedAtTheirTrueSize) {
+    std::ofstream(folder_ / "inch.json") << R"({"measurement": "inch", "settings": {"FontHeight": 0.2}})";
+    std::ofstream(folder_ / "mm.json") << R"({"settings": {"FontHeight": 5.08, "Width": 25.4, "Height": 25.4}})";
+    std::vector<double> widths;
+    for (const char* job : {"inch", "mm"}) {
+        const std::string svg = run(std::string("mark ") + job + ".json -o - --format svg").out;
+        const std::size_t at = svg.find("width=\"");
+        ASSERT_NE(at, std::string::npos);
+        widths.push_back(std::stod(svg.substr(at + 7)));
+    }
+    EXPECT_NEAR(widths[0], widths[1], 0.01);
+    EXPECT_GT(widths[0], 25.4);
+}
+
+TEST_F(ProgramTest, TextThatHasNoRoomIsTold) {
+    const Outcome cut = run("mark --text 'MMMMMMMMMMMMMMMMMMMMMMMMMMMMMM' -o a.svg");
+    EXPECT_EQ(cut.status, 0);
+    EXPECT_NE(cut.error.find("of its 30 outline figures are left out"), std::string::npos) << cut.error;
+    EXPECT_EQ(run("mark --text 'MMM' -o a.svg").error.find("left out"), std::string::npos);
+    EXPECT_NE(run("mark --text 'M' --set FontHeight=60 -o a.svg").error.find("the control holds 50.8"),
+              std::string::npos);
+}
+
+TEST_F(ProgramTest, ErrorsTakeOneLineAndLeaveNoFile) {
+    std::ofstream(folder_ / "bad.json") << "{\"settings\": {\"Width\": \"wide\"}}";
+    const std::pair<const char*, const char*> cases[] = {
+        {"mark", "--output is required"},
+        {"mark -o", "--output"},
+        {"mark -o a.png", "does not draw"},
+        {"mark -o a.xyz", "xyz"},
+        {"mark -o -", "--format"},
+        {"mark -o a.svg --set Widht=3", "did you mean Width?"},
+        {"mark -o a.svg --set ArrayXDimension=0", "from 1 to 255"},
+        {"mark -o a.svg --set Width=wide", "Width takes a number"},
+        {"mark -o a.svg --set FillStyle=Crss", "did you mean Cross?"},
+        {"mark -o a.svg --speed 0", "--speed"},
+        {"mark -o a.svg --power 1001", "--power"},
+        {"mark bad.json -o a.svg", "bad.json: Width takes a number"},
+        {"mark none.json -o a.svg", "none.json: the file cannot be read"},
+        {"mark -o none/a.svg", "none/a.svg cannot be written"},
+        {"run none.jsonl", "none.jsonl cannot be read"},
+        {"help nothing", "there is no command nothing"},
+        {"nothing", "nothing"},
+    };
+    for (const auto& [arguments, expected] : cases) {
+        const Outcome outcome = run(arguments);
+        EXPECT_EQ(outcome.status, 2) << arguments;
+        EXPECT_EQ(outcome.out, "") << arguments;
+        const std::size_t at = outcome.error.rfind("ovaline: ", outcome.error.size() - 1);
+        ASSERT_NE(at, std::string::npos) << arguments;
+        EXPECT_NE(outcome.error.find(expected, at), std::string::npos) << arguments << ": " << outcome.error;
+        EXPECT_EQ(outcome.error.find('\n', at), outcome.error.size() - 1) << arguments << ": " << outcome.error;
+        EXPECT_EQ(files(), std::vector<std::string>{"bad.json"}) << arguments;
+    }
+}
+
+TEST_F(ProgramTest, Listings) {
+    const Json properties = parseJson(run("properties --json").out);
+    EXPECT_EQ(properties.size(), 46u);
+    EXPECT_EQ(properties[0]["name"], "FontName");
+    EXPECT_EQ(properties[0]["default"], "Arial");
+    for (const Json& property : properties)
+        if (property["name"] == "FillStyle") {
+            EXPECT_EQ(property["default"], "Solid");
+            EXPECT_EQ(property["values"]["Cross"], 3);
+        }
+    const Json fonts = parseJson(run("fonts --json").out);
+    ASSERT_FALSE(fonts.empty());
+    for (const Json& font : fonts) {
+        const bool isStroke = font["family"].get<std::string>().find("Filament") != std::string::npos;
+        EXPECT_EQ(font["style"], isStroke ? "SingleStroke" : "TrueType");
+    }
+    EXPECT_NE(run("").out.find("mark"), std::string::npos);
+    EXPECT_NE(run("help mark").out.find("--advance"), std::string::npos);
+    EXPECT_TRUE(run("--version").out.starts_with("ovaline "));
+}
+
+}  // namespace
+}  // namespace ovaline::host
