@@ -1,13 +1,12 @@
 #!/usr/bin/env bash
-# The main job: a text on an ellipse, filled, as the host would mark it, in three formats in out/.
+# The main job: a text around an ellipse, hatched, as the host would mark it, in three formats in out/.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 mkdir -p out
-for format in svg gcode ovl; do
-    quiet=(--quiet)
-    [ "$format" = svg ] && quiet=()
-    build/ovaline mark --text "OVALINE · laser marking ·" \
-        --set Width=40 --set Height=25 --set StartAngle=160 --set FontHeight=5 --set FillStyle=Line \
-        --set FillDistance=0.1 -o "out/ovaline.$format" "${quiet[@]}"
-done
-echo "out/ovaline.svg, out/ovaline.gcode and out/ovaline.ovl are written; open out/ovaline.svg in a browser."
+job=(--text "OVALINE · lays your text along an ellipse · 0123456789 ·" --set "FontName=Liberation Sans"
+    --set Width=50 --set Height=32 --set StartAngle=180 --set FontHeight=5
+    --set FillStyle=Line --set FillDistance=0.1 --set FillLineAngle=45)
+build/ovaline mark "${job[@]}" -o out/ovaline.svg
+build/ovaline mark "${job[@]}" -o out/ovaline.gcode --quiet
+build/ovaline mark "${job[@]}" -o out/ovaline.ovl --quiet
+echo "Written: out/ovaline.svg (open it in a browser), out/ovaline.gcode and out/ovaline.ovl"
