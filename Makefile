@@ -1,6 +1,6 @@
 # Front door. Every goal first installs what is missing (scripts/setup.sh), so a fresh machine needs git and make alone.
 
-.PHONY: run build test bench fuzz asan format windows setup clean
+.PHONY: run build test bench fuzz asan tidy format windows setup clean
 
 run: build
 	scripts/run.sh
@@ -29,6 +29,10 @@ windows:
 	scripts/setup.sh windows
 	cmake --preset windows-i686
 	cmake --build --preset windows-i686
+
+tidy: build
+	scripts/setup.sh tidy
+	git ls-files '*.cpp' | grep -vE '^(tests|bench|platform/windows)/' | xargs -P2 -n4 clang-tidy -p build --quiet
 
 format:
 	git ls-files '*.cpp' '*.h' | xargs clang-format -i

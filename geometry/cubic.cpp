@@ -123,7 +123,11 @@ Status GdipFlattenPath(GraphicsPath& path, float flatness) {
         const Cubic curve = Cubic::from(&points[i - 1]);
         if (std::isfinite(curve.magnitude)) {
             ChordStepper stepper(curve, static_cast<double>(flatness));
-            for (double t = stepper.next(0); t < 1; t = stepper.next(t)) add(narrowed(curve.at(t)), PathPointTypeLine);
+            double t = stepper.next(0);
+            while (t < 1) {
+                add(narrowed(curve.at(t)), PathPointTypeLine);
+                t = stepper.next(t);
+            }
         }
         i += 2;
         add(points[i], static_cast<std::uint8_t>(PathPointTypeLine | (types[i] & PathPointTypeCloseSubpath)));

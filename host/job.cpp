@@ -53,8 +53,8 @@ void readJobFile(const std::filesystem::path& path, Job& job) {
         } else if (name == "settings") {
             if (!value.is_object()) throw Failure("\"settings\" takes an object of names and values");
             for (const auto& [property, setting] : value.items())
-                addSetting(job, property, path.string(), [&](const Member& member, VARIANT& target) {
-                    store(setting, member.type, member.name, target);
+                addSetting(job, property, path.string(), [&, &given = setting](const Member& member, VARIANT& target) {
+                    store(given, member.type, member.name, target);
                 });
         } else {
             throw Failure("a job has no \"" + name + "\", only \"measurement\" and \"settings\"");

@@ -21,7 +21,7 @@ namespace fs = std::filesystem;
 fs::path resolved(const fs::path& target) {
     std::error_code failed;
     if (!fs::is_symlink(target, failed)) return target;
-    const fs::path file = fs::canonical(target, failed);
+    fs::path file = fs::canonical(target, failed);
     if (failed) fail(target, failed.message());
     return file;
 }

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that the build, the tests and the benchmarks need, as root or by sudo. With "windows" also
-# the cross compiler. Does nothing where they are all there.
+# the cross compiler, with "tidy" the static analyser. Does nothing where they are all there.
 set -euo pipefail
 
 packages=(
@@ -13,6 +13,9 @@ packages=(
 )
 if [ "${1:-}" = windows ]; then
     packages+=(g++-mingw-w64-i686-posix)
+fi
+if [ "${1:-}" = tidy ]; then
+    packages+=(clang-tidy)
 fi
 
 missing=()
