@@ -17,7 +17,8 @@ void put(benchmark::State& state) {
     settings.TextData.clear();
     while (settings.TextData.size() < letters) settings.TextData += u"Ovaline";
     LayoutFont font;
-    for (auto _ : state) benchmark::DoNotOptimize(regenerate(settings, platform::systemFonts(), font));
+    for (auto _ : state)
+        benchmark::DoNotOptimize(regenerate(settings, platform::systemFonts(), platform::systemClock(), font));
     state.SetComplexityN(state.range(0));
 }
 BENCHMARK(put)->Arg(7)->Arg(70)->Arg(700)->Unit(benchmark::kMicrosecond)->Complexity();

@@ -1,5 +1,7 @@
 #include "ratios.h"
 
+#include <sys/resource.h>
+
 #include <cstdio>
 
 #include "control/settings_slices.h"
@@ -8,6 +10,7 @@
 #include "output/fill_section.h"
 #include "platform/fonts.h"
 #include "samples.h"
+#include "tests/control/plain_copies.h"
 #include "tests/output/plain_fill.h"
 
 namespace ovaline::bench {
@@ -61,9 +64,9 @@ void printPut() {
     const TextSettings settings = defaultSettings();
     platform::FontService& fonts = platform::systemFonts();
     LayoutFont font;
-    const Regenerated built = regenerate(settings, fonts, font);
+    const Regenerated built = regenerate(settings, fonts, platform::systemClock(), font);
     constexpr int kRuns = 2000;
-    const double put = fastest(kRuns, [&] { regenerate(settings, fonts, font); });
+    const double put = fastest(kRuns, [&] { regenerate(settings, fonts, platform::systemClock(), font); });
 
     // The bare geometry: the cached outlines transformed, flattened and hatched.
     const float flatness = unitsOf(settings).dots(settings.Flatness);
@@ -74,9 +77,13 @@ void printPut() {
         GdipFlattenPath(text, flatness);
         BuildFill(hatchInputOf(settings), built.paths.TextPath, fill);
     });
-    const double layout =
-        fastest(kRuns, [&] { LayoutTextOnEllipse(layoutInputOf(settings, settings.TextData), fonts, font); });
-    const double curves = fastest(kRuns, [&] { LayoutTextOnEllipse(layoutInputOf(settings, u""), fonts, font); });
+    const auto layOut = [&](std::u16string_view text) {
+        LayoutInput input = layoutInputOf(settings);
+        input.text = text;
+        LayoutTextOnEllipse(input, fonts, font);
+    };
+    const double layout = fastest(kRuns, [&] { layOut(settings.TextData); });
+    const double curves = fastest(kRuns, [&] { layOut(u""); });
     std::printf("A default put, glyphs already seen: %.1f times its bare geometry (%.1f and %.1f us in this run)\n",
                 put / bare, microseconds(put), microseconds(bare));
     std::printf(
@@ -85,9 +92,53 @@ void printPut() {
         100 * curves / put, 100 * (layout - curves) / put, 100 * (put - layout) / put);
 }
 
+std::size_t peakBytes() {
+    rusage usage{};
+    getrusage(RUSAGE_SELF, &usage);
+    return static_cast<std::size_t>(usage.ru_maxrss) * 1024;
+}
+
+/// The largest array of serial numbers, against copies that are laid out in full, one by one.
+void printComposed() {
+    TextSettings settings = defaultSettings();
+    settings.SerialNumEnable = -1;
+    settings.SerialNumPrefix = u"SN-";
+    settings.SerNumSuffix = u"";
+    settings.SerNumDecimalPlaces = Five;
+    settings.FontHeight = 2000;
+    settings.FillStyle = NoFilling;
+    settings.ArrayXOffset = settings.ArrayYOffset = 25000;
+    platform::FontService& fonts = platform::systemFonts();
+    const platform::Clock& clock = platform::systemClock();
+    LayoutFont font;
+
+    settings.ArrayXDimension = settings.ArrayYDimension = 30;
+    const double plain = fastest(3,
+                                 [&] {
+                                     PlainCopies copies = plainCopies(settings, fonts, clock, font);
+                                     GdipFlattenPath(copies.text, unitsOf(settings).dots(settings.Flatness));
+                                 }) /
+                         (30 * 30);
+
+    settings.ArrayXDimension = settings.ArrayYDimension = 255;
+    const std::size_t before = peakBytes();
+    Regenerated built = regenerate(settings, fonts, clock, font);
+    const std::size_t taken = peakBytes() - before;
+    const std::size_t points = built.paths.TextPath.size();
+    const double fast = fastest(3, [&] { built = regenerate(settings, fonts, clock, font, std::move(built.paths)); });
+    constexpr double kCopies = 255.0 * 255.0;
+    constexpr double kGlyphs = kCopies * 8;
+    const double beyond = static_cast<double>(taken) - static_cast<double>(points) * 9;
+    std::printf(
+        "255 x 255 copies of \"SN-00001\": %.0f times faster than laid out one by one (%.0f ms, %.1f million points);\n"
+        "  %.0f bytes a glyph beyond the points themselves\n",
+        plain * kCopies / fast, fast * 1000, static_cast<double>(points) / 1e6, beyond / kGlyphs);
+}
+
 }  // namespace
 
 void printRatios() {
+    printComposed();  // first, while the peak of the memory is still low
     std::printf("\nThe fill section, in one run:\n");
     for (const float angle : {0.0f, 45.0f, 90.0f, 135.0f}) printFill(10, angle, true);
     printFill(40, 0, false);

@@ -16,7 +16,7 @@ TextSettings defaultSettings() {
 FillSample copiesOfText(int side, float hatchAngle) {
     TextSettings settings = defaultSettings();
     LayoutFont font;
-    const Regenerated one = regenerate(settings, platform::systemFonts(), font);
+    const Regenerated one = regenerate(settings, platform::systemFonts(), platform::systemClock(), font);
     RectF bounds;
     GdipGetPathWorldBounds(one.paths.TextPath, bounds);
     constexpr float kGap = 600;  // dots between the copies, about a millimetre

@@ -1,17 +1,38 @@
 // The paths that a control keeps between regenerations.
 #pragma once
 
+#include <cstdint>
+
 #include "geometry/graphics_path.h"
 
 namespace ovaline {
 
+/// Where the copies of composed text stand: column i and row j, from 0, are moved by (i · dx, j · dy).
+struct CopyGrid {
+    std::int32_t columns = 1;
+    std::int32_t rows = 1;
+    float dx = 0;  ///< dots
+    float dy = 0;  ///< dots
+
+    PointF offset(std::int32_t column, std::int32_t row) const {
+        return {static_cast<float>(column) * dx, static_cast<float>(row) * dy};
+    }
+};
+
 /// All in dots, alternate fill mode, empty until the first regeneration.
 struct KeptPaths {
-    GraphicsPath TextPath;    ///< glyph outlines, rotated, mirrored and flattened
-    GraphicsPath FramePath;   ///< axes and band ellipses, rotated, never mirrored
-    GraphicsPath GuidePath;   ///< the guide curve, rotated, never mirrored
-    GraphicsPath BoundsPath;  ///< the text before mirroring and flattening, then the frame; only measured
+    GraphicsPath TextPath;    ///< glyph outlines of all built copies, rotated, mirrored and flattened
+    GraphicsPath FramePath;   ///< axes and band ellipses of the copy at (0, 0), rotated, never mirrored
+    GraphicsPath GuidePath;   ///< the guide curve of the copy at (0, 0), rotated, never mirrored
+    GraphicsPath BoundsPath;  ///< what the result's bounds include before mirroring; only measured
     GraphicsPath FillPath;    ///< hatch lines, a figure of two points each
+    CopyGrid grid;            ///< where else frame and guide stand: every copy's are the same
 };
+
+/// Empties all paths; their memory is kept for the next ones.
+void reset(KeptPaths& paths);
+
+/// Extent of the frames of all copies.
+Extent frameExtent(const KeptPaths& paths);
 
 }  // namespace ovaline

@@ -1,6 +1,7 @@
 // The methods of the interface.
 #include <cstring>
 
+#include "control/composed_copies.h"
 #include "control/settings_slices.h"
 #include "control/store.h"
 #include "platform/numbers.h"
@@ -229,8 +230,10 @@ HRESULT CNorvel_OvalineCtrl::GetProperty(VARIANT) {
 HRESULT CNorvel_OvalineCtrl::SetProperty(VARIANT) {
     return E_NOTIMPL;
 }
+
 HRESULT CNorvel_OvalineCtrl::SetIncrement() {
-    return E_NOTIMPL;
+    if (settings_.SerialNumEnable == 0) return S_OK;
+    return storeAndUpdate([](TextSettings& settings) { settings.SerNumStart = serialAfterRun(settings); });
 }
 
 }  // namespace ovaline

@@ -10,17 +10,18 @@
 
 namespace ovaline {
 
-CNorvel_OvalineCtrl* CNorvel_OvalineCtrl::create(platform::FontService& fonts, float screenDpi) {
-    return new CNorvel_OvalineCtrl(fonts, screenDpi);
+CNorvel_OvalineCtrl* CNorvel_OvalineCtrl::create(platform::FontService& fonts, const platform::Clock& clock,
+                                                 float screenDpi) {
+    return new CNorvel_OvalineCtrl(fonts, clock, screenDpi);
 }
 
-CNorvel_OvalineCtrl::CNorvel_OvalineCtrl(platform::FontService& fonts, float screenDpi)
-    : fonts_(fonts), settings_(startUpSettings(screenDpi)) {}
+CNorvel_OvalineCtrl::CNorvel_OvalineCtrl(platform::FontService& fonts, const platform::Clock& clock, float screenDpi)
+    : fonts_(fonts), clock_(clock), settings_(startUpSettings(screenDpi)) {}
 
 void CNorvel_OvalineCtrl::Regenerate() {
     Regenerated result;
     try {
-        result = regenerate(settings_, fonts_, font_);
+        result = regenerate(settings_, fonts_, clock_, font_, std::move(paths_));
     } catch (const std::bad_alloc&) {
         result = Regenerated();
     }

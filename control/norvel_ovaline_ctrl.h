@@ -10,6 +10,7 @@
 #include "control/kept_paths.h"
 #include "control/text_settings.h"
 #include "geometry/layout_font.h"
+#include "platform/clock.h"
 #include "platform/module_lock.h"
 
 namespace ovaline {
@@ -19,7 +20,7 @@ namespace ovaline {
 class CNorvel_OvalineCtrl final : public INorvel_OvalineCtrlTable, public IOleObject, public IViewObject {
 public:
     /// A control with its start-up settings and empty paths, holding one reference for the caller.
-    static CNorvel_OvalineCtrl* create(platform::FontService& fonts, float screenDpi);
+    static CNorvel_OvalineCtrl* create(platform::FontService& fonts, const platform::Clock& clock, float screenDpi);
 
     const TextSettings& settings() const { return settings_; }
     const KeptPaths& paths() const { return paths_; }
@@ -81,7 +82,7 @@ public:
     HRESULT STDMETHODCALLTYPE GetAdvise(DWORD* aspects, DWORD* flags, IAdviseSink** sink) override;
 
 private:
-    CNorvel_OvalineCtrl(platform::FontService& fonts, float screenDpi);
+    CNorvel_OvalineCtrl(platform::FontService& fonts, const platform::Clock& clock, float screenDpi);
     ~CNorvel_OvalineCtrl() = default;
 
     /// Rebuilds the paths and the result, and asks the container for the new rectangle. Where memory does not suffice
@@ -100,6 +101,7 @@ private:
     platform::ModuleLock moduleLock_;
     std::atomic<ULONG> references_{1};
     platform::FontService& fonts_;
+    const platform::Clock& clock_;
     LayoutFont font_;
     TextSettings settings_;
     KeptPaths paths_;

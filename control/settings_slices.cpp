@@ -46,9 +46,8 @@ platform::LogFont logFontOf(const TextSettings& settings) {
     return font;
 }
 
-LayoutInput layoutInputOf(const TextSettings& settings, std::u16string_view text) {
+LayoutInput layoutInputOf(const TextSettings& settings) {
     LayoutInput input;
-    input.text = text;
     input.font = logFontOf(settings);
     input.box = layoutBoxOf(settings);
     input.startAngle = settings.StartAngle;
@@ -64,8 +63,8 @@ HatchInput hatchInputOf(const TextSettings& settings) {
     HatchInput input;
     input.fontStyle = settings.FontStyle;
     input.fillStyle = settings.FillStyle;
-    input.spacing = units.hatchDots(settings.FillDistance);
-    input.solidSpacing = units.hatchDots(kSolidPitch);
+    input.spacing = units.pitchDots(settings.FillDistance);
+    input.solidSpacing = units.pitchDots(kSolidPitch);
     input.lineAngle = settings.FillLineAngle;
     input.crossAngle = settings.FillCrossAngle;
     input.angle = settings.Angle;
@@ -73,7 +72,7 @@ HatchInput hatchInputOf(const TextSettings& settings) {
 }
 
 VectorJob vectorJobOf(const TextSettings& settings, const KeptPaths& paths) {
-    VectorJob job{paths.TextPath, paths.FillPath, paths.FramePath};
+    VectorJob job{paths.TextPath, paths.FillPath, frameExtent(paths).rectangle()};
     job.showAxes = settings.ShowAxes;
     job.outlineType = settings.OutlineType;
     job.fontStyle = settings.FontStyle;

@@ -21,8 +21,8 @@ float fontScaleOf(const TextSettings& settings);
 /// The font to realise; its cell height is in dots.
 platform::LogFont logFontOf(const TextSettings& settings);
 
-/// The layout of `text`, which must outlive the result.
-LayoutInput layoutInputOf(const TextSettings& settings, std::u16string_view text);
+/// The layout, without its text.
+LayoutInput layoutInputOf(const TextSettings& settings);
 
 HatchInput hatchInputOf(const TextSettings& settings);
 

@@ -8,6 +8,7 @@
 #include "control/interface/type_library.h"
 #include "control/norvel_ovaline_ctrl.h"
 #include "output/vector_record.h"
+#include "platform/clock.h"
 #include "platform/fonts.h"
 
 namespace ovaline {
@@ -81,8 +82,8 @@ void checkStream(CNorvel_OvalineCtrl& control, Input& input) {
 }
 
 void run(Input input) {
-    const auto control =
-        platform::ComPtr<CNorvel_OvalineCtrl>::adopt(CNorvel_OvalineCtrl::create(platform::systemFonts(), 96));
+    const auto control = platform::ComPtr<CNorvel_OvalineCtrl>::adopt(
+        CNorvel_OvalineCtrl::create(platform::systemFonts(), platform::systemClock(), 96));
     control->SetDefaultSize(0);
     for (int step = 0; step < 24 && !input.empty(); ++step) {
         const Member& member = members()[input.number<std::uint8_t>() % members().size()];

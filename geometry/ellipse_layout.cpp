@@ -1,9 +1,9 @@
 #include "geometry/ellipse_layout.h"
 
 #include <cmath>
+#include <utility>
 
 #include "geometry/cubic.h"
-#include "geometry/text_on_path.h"
 #include "platform/extended_precision.h"
 
 namespace ovaline {
@@ -96,7 +96,7 @@ void OffsetEllipse(GraphicsPath& path, float distance) {
     translate(path, before.X + (before.Width - after.Width) * 0.5f, before.Y + (before.Height - after.Height) * 0.5f);
 }
 
-LayoutPaths LayoutTextOnEllipse(const LayoutInput& input, platform::FontService& fonts, LayoutFont& font) {
+EllipseLayout ellipseLayout(const LayoutInput& input, platform::FontService& fonts, LayoutFont& font) {
     const ExtendedPrecisionGuard extendedPrecision;
     const bool counterClockwise = input.direction == CounterClockwise;
     GraphicsPath ellipse;
@@ -107,15 +107,20 @@ LayoutPaths LayoutTextOnEllipse(const LayoutInput& input, platform::FontService&
     const float ascent = static_cast<float>(font.metrics().tmAscent);
     const float descent = static_cast<float>(font.metrics().tmDescent);
     const float half = static_cast<float>(std::fabs(input.font.lfHeight * 0.5));
-    const BandCurves curves = bandCurves(ellipse, counterClockwise, ascent, descent, half);
+    BandCurves curves = bandCurves(ellipse, counterClockwise, ascent, descent, half);
 
-    LayoutPaths paths;
-    GdipAddPathPath(paths.guide, guideCurve(curves, input.pathType, counterClockwise));
-    paths.frame = framePath(curves);
-
-    TextOnPath run(curves.baseline, kBaselineFlatness, font);
+    GraphicsPath guide;
+    GdipAddPathPath(guide, guideCurve(curves, input.pathType, counterClockwise));
+    GraphicsPath frame = framePath(curves);
+    TextOnPath run(std::move(curves.baseline), kBaselineFlatness, font);
     run.setSpacingStep(static_cast<float>(input.dotsPerPixel / 10.0 * input.spacing));
-    run.LayoutString(paths.text, input.text, 0);
+    return {std::move(frame), std::move(guide), std::move(run)};
+}
+
+LayoutPaths LayoutTextOnEllipse(const LayoutInput& input, platform::FontService& fonts, LayoutFont& font) {
+    EllipseLayout layout = ellipseLayout(input, fonts, font);
+    LayoutPaths paths{GraphicsPath(), std::move(layout.frame), std::move(layout.guide)};
+    layout.run.LayoutString(paths.text, input.text, 0);
     if (input.flattenText) GdipFlattenPath(paths.text, kTextFlatness);
     return paths;
 }

@@ -5,6 +5,7 @@
 
 #include "geometry/enumerations.h"
 #include "geometry/layout_font.h"
+#include "geometry/text_on_path.h"
 
 namespace ovaline {
 
@@ -28,9 +29,19 @@ struct LayoutPaths {
     GraphicsPath guide;
 };
 
+/// What all texts of one font, box and direction share: the companion curves and the run that they are laid on.
+struct EllipseLayout {
+    GraphicsPath frame;  ///< horizontal axis, vertical axis, inner ellipse, outer ellipse
+    GraphicsPath guide;
+    TextOnPath run;
+};
+
+/// The layout without its text. `font` is set to `input.font`, keeps its glyphs for the next layout and outlives this
+/// one.
+EllipseLayout ellipseLayout(const LayoutInput& input, platform::FontService& fonts, LayoutFont& font);
+
 /// Lays the text along the ellipse: baseline on the ellipse itself for clockwise text, on the ellipse grown by ascent
-/// minus descent for counter-clockwise text. What does not fit on one turn is left out. `font` is set to `input.font`
-/// and keeps its glyphs for the next layout.
+/// minus descent for counter-clockwise text. What does not fit on one turn is left out.
 LayoutPaths LayoutTextOnEllipse(const LayoutInput& input, platform::FontService& fonts, LayoutFont& font);
 
 /// Makes `path` a polyline within a quarter dot and scales it so that its bounds grow by `distance` on every side,

@@ -19,6 +19,13 @@ void PathWriter::reserve(std::size_t extraPoints) {
     path_.types_.reserve(capacity);
 }
 
+void PathWriter::releaseSpare() {
+    constexpr std::size_t kWorthwhile = 100'000;
+    if (path_.points_.capacity() < kWorthwhile || path_.points_.capacity() / 4 < path_.points_.size()) return;
+    path_.points_.shrink_to_fit();
+    path_.types_.shrink_to_fit();
+}
+
 void PathWriter::startSegment(PointF point) {
     if (!path_.figureOpen_) {
         add(point, PathPointTypeStart);
@@ -128,17 +135,14 @@ Status GdipAddPathPath(GraphicsPath& path, const GraphicsPath& addition) {
 }
 
 void appendTransformed(GraphicsPath& path, const GraphicsPath& addition, const Matrix& matrix) {
-    const std::size_t count = addition.size();
-    if (count == 0) return;
+    if (addition.empty()) return;
     PathWriter writer(path);
-    writer.reserve(count);
-    // Indices instead of iterators: `addition` may be `path` itself.
-    if (matrix == Matrix()) {
-        for (std::size_t i = 0; i < count; ++i) writer.add(addition.points()[i], addition.types()[i]);
-    } else {
-        for (std::size_t i = 0; i < count; ++i) writer.add(matrix.map(addition.points()[i]), addition.types()[i]);
-    }
-    writer.setFigureOpen(!(path.types().back() & PathPointTypeCloseSubpath));
+    const std::size_t first = path.size();
+    if (&addition == &path)
+        writer.append(GraphicsPath(addition));
+    else
+        writer.append(addition);
+    if (matrix != Matrix()) writer.transformFrom(first, matrix);
 }
 
 Status GdipStartPathFigure(GraphicsPath& path) {
@@ -172,17 +176,11 @@ Status GdipTransformPath(GraphicsPath& path, const Matrix* matrix) {
     return Ok;
 }
 
-Status GdipGetPathWorldBounds(const GraphicsPath& path, RectF& bounds) {
+Extent extentOf(const GraphicsPath& path) {
     const std::span<const PointF> points = path.points();
     const std::span<const std::uint8_t> types = path.types();
-    if (points.empty()) return Ok;
-    float left = points[0].X, right = points[0].X, top = points[0].Y, bottom = points[0].Y;
-    const auto include = [&](PointF p) {
-        left = std::min(left, p.X);
-        right = std::max(right, p.X);
-        top = std::min(top, p.Y);
-        bottom = std::max(bottom, p.Y);
-    };
+    Extent extent;
+    const auto include = [&extent](PointF p) { extent.include(p); };
     for (std::size_t i = 0; i < points.size(); ++i) {
         if (isCurve(types, i)) {
             includeExtrema(Cubic::from(&points[i - 1]), include);
@@ -190,7 +188,11 @@ Status GdipGetPathWorldBounds(const GraphicsPath& path, RectF& bounds) {
         }
         include(points[i]);
     }
-    bounds = {left, top, right - left, bottom - top};
+    return extent;
+}
+
+Status GdipGetPathWorldBounds(const GraphicsPath& path, RectF& bounds) {
+    if (!path.empty()) bounds = extentOf(path).rectangle();
     return Ok;
 }
 

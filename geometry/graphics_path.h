@@ -3,7 +3,9 @@
 // Coordinates are single-precision, x to the right and y downwards. A positive angle turns from +x towards +y.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
+#include <limits>
 #include <span>
 #include <vector>
 
@@ -29,7 +31,8 @@ enum PathPointType : std::uint8_t {
 /// start point; a closed one ends with an implied segment back to its first point.
 class GraphicsPath {
 public:
-    explicit GraphicsPath(FillMode mode = FillModeAlternate) : fillMode_(mode) {}
+    GraphicsPath() = default;
+    explicit GraphicsPath(FillMode mode) : fillMode_(mode) {}
 
     std::span<const PointF> points() const { return points_; }
     std::span<const std::uint8_t> types() const { return types_; }
@@ -50,7 +53,7 @@ private:
 
     std::vector<PointF> points_;
     std::vector<std::uint8_t> types_;
-    FillMode fillMode_;
+    FillMode fillMode_ = FillModeAlternate;
     bool figureOpen_ = false;
     Status status_ = Ok;
 };
@@ -98,6 +101,34 @@ GraphicsPath GdipCreatePath2I(std::span<const Point> points, std::span<const std
 
 /// Maps every point through the matrix; without one the path stays unchanged.
 Status GdipTransformPath(GraphicsPath& path, const Matrix* matrix);
+
+/// The sides of a rectangle around points, x to the right and y downwards; empty until a point is included.
+struct Extent {
+    float left = std::numeric_limits<float>::infinity();
+    float top = std::numeric_limits<float>::infinity();
+    float right = -std::numeric_limits<float>::infinity();
+    float bottom = -std::numeric_limits<float>::infinity();
+
+    bool empty() const { return !(left <= right); }
+    void include(PointF p) {
+        left = std::min(left, p.X);
+        right = std::max(right, p.X);
+        top = std::min(top, p.Y);
+        bottom = std::max(bottom, p.Y);
+    }
+    /// Includes `other` moved by `offset`: what including its moved points would give, since rounding keeps their
+    /// order.
+    void include(const Extent& other, PointF offset) {
+        if (other.empty()) return;
+        include({other.left + offset.X, other.top + offset.Y});
+        include({other.right + offset.X, other.bottom + offset.Y});
+    }
+    /// A zero rectangle where it is empty.
+    RectF rectangle() const { return empty() ? RectF() : RectF{left, top, right - left, bottom - top}; }
+};
+
+/// Smallest extent that holds the path: of a curve, its own extrema count and not its control points.
+Extent extentOf(const GraphicsPath& path);
 
 /// Smallest rectangle that holds the path: of a curve, its own extrema count and not its control points. An empty path
 /// leaves `bounds` unchanged.

@@ -132,12 +132,13 @@ void HatchRectangle(GraphicsPath& target, float angle, float spacing, const Rect
 }
 
 void BuildFill(const HatchInput& input, const GraphicsPath& text, GraphicsPath& fill) {
+    const std::int32_t style = input.fontStyle == TrueType ? input.fillStyle : NoFilling;
+    if (style < Solid || style > Cross) return;
     const ExtendedPrecisionGuard extendedPrecision;
     RectF area;
     GdipGetPathWorldBounds(text, area);
     area.Width += 0.5f;
     area.Height += 0.5f;
-    const std::int32_t style = input.fontStyle == TrueType ? input.fillStyle : NoFilling;
     if (style == Solid) HatchRectangle(fill, 0, input.solidSpacing, area);
     if (style == Cross)
         HatchRectangle(fill, angleSum(input.lineAngle, input.angle, input.crossAngle), input.spacing, area);

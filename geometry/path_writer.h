@@ -11,6 +11,8 @@ public:
     explicit PathWriter(GraphicsPath& path) : path_(path) {}
 
     void reserve(std::size_t extraPoints);
+    /// Gives back memory where most of it is unused: a path that was large once need not stay so.
+    void releaseSpare();
     void add(PointF point, std::uint8_t type) {
         path_.points_.push_back(point);
         path_.types_.push_back(type);
@@ -20,6 +22,17 @@ public:
         path_.points_.resize(size);
         path_.types_.resize(size);
         path_.figureOpen_ = false;
+    }
+    /// Appends the figures of another path as new ones.
+    void append(const GraphicsPath& other) {
+        reserve(other.size());
+        path_.points_.insert(path_.points_.end(), other.points_.begin(), other.points_.end());
+        path_.types_.insert(path_.types_.end(), other.types_.begin(), other.types_.end());
+        path_.figureOpen_ = !(path_.types_.back() & PathPointTypeCloseSubpath);
+    }
+    /// Maps the points from index `first` on.
+    void transformFrom(std::size_t first, const Matrix& matrix) {
+        for (std::size_t i = first; i < path_.points_.size(); ++i) path_.points_[i] = matrix.map(path_.points_[i]);
     }
     bool figureOpen() const { return path_.figureOpen_; }
     void setFigureOpen(bool open) { path_.figureOpen_ = open; }

@@ -2,7 +2,6 @@
 
 #include <utility>
 
-#include "geometry/char_next.h"
 #include "geometry/cubic.h"
 #include "geometry/path_writer.h"
 
@@ -22,30 +21,35 @@ TextOnPath::TextOnPath(GraphicsPath curve, float flatness, LayoutFont& font)
 
 void TextOnPath::LayoutString(GraphicsPath& target, std::u16string_view text, float startLength) {
     GdipSetPathFillMode(target, FillModeWinding);
-    // A text ends at its first zero, as a string does for the host.
-    text = text.substr(0, text.find(u'\0'));
-    float t = baseline_.ParameterAtLength(startLength);
-    for (std::size_t i = 0; i < text.size() && t >= 0;) {
-        const std::size_t following = charNext(text, i);
-        const char16_t next = following < text.size() ? text[following] : u'\0';
-        t = PlaceGlyph(text[i], next, target, t);
-        i = following;
-    }
+    float t = start(startLength);
+    forEachCharacter(text, [&](char16_t code, char16_t next) {
+        if (!(t >= 0)) return false;
+        t = PlaceGlyph(code, next, target, t);
+        return true;
+    });
 }
 
-float TextOnPath::PlaceGlyph(char16_t code, char16_t next, GraphicsPath& target, float t) {
+float TextOnPath::advanceOf(char16_t code, char16_t next) {
     PointF pen;
     AppendGlyph(code, next, pen, nullptr);
-    const float advance = pen.X + pen.Y;
-    if (advance == 0) return -1;
+    return pen.X + pen.Y;
+}
+
+TextOnPath::Placement TextOnPath::place(float advance, float t) const {
+    if (advance == 0) return {{}, -1};
     const float end = baseline_.AdvanceByChord(t, advance);
-    if (!(end >= 0)) return -1;
+    if (!(end >= 0)) return {{}, -1};
     const PointF a = baseline_.PointAtParameter(t);
     const PointF b = baseline_.PointAtParameter(end);
     const float cosine = (b.X - a.X) / advance;
     const float sine = (b.Y - a.Y) / advance;
-    appendTransformed(target, font_.glyph(code).outline, {cosine, sine, -sine, cosine, a.X, a.Y});
-    return end + spacingStep_ / 10.0f;
+    return {{cosine, sine, -sine, cosine, a.X, a.Y}, end + spacingStep_ / 10.0f};
+}
+
+float TextOnPath::PlaceGlyph(char16_t code, char16_t next, GraphicsPath& target, float t) {
+    const Placement placement = place(advanceOf(code, next), t);
+    if (placement.next >= 0) appendTransformed(target, glyph(code).outline, placement.matrix);
+    return placement.next;
 }
 
 void TextOnPath::AppendGlyph(char16_t code, char16_t next, PointF& pen, GraphicsPath* target) {

@@ -60,7 +60,9 @@ std::string summary(const std::string& name, const Result& result, const Marking
     const Totals totals = totalsOf(marking);
     std::string line = name + ": " + counted(result.copies, "copy", "copies");
     if (!holdsAllCopies(format) && marking.copies.size() > 1) line += " (one in the file, the host repeats it)";
-    line += ", " + counted(totals.figures, "figure", "figures") + ", " +
+    line += ", ";
+    if (result.glyphs) line += counted(*result.glyphs * result.copies, "glyph", "glyphs") + ", ";
+    line += counted(totals.figures, "figure", "figures") + ", " +
             counted(totals.hatchLines, "hatch line", "hatch lines") + ", ";
     appendRounded(line, totals.marked, 1);
     line += " mm marked, ";

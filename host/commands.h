@@ -1,6 +1,7 @@
 // The commands of the program. Each returns its exit status and throws Failure where it cannot do its work.
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -29,6 +30,16 @@ int markCommand(const MarkOptions& options, const ModuleSource& module);
 
 /// `script` is the file of lines; standard input without it.
 int runCommand(const std::optional<std::filesystem::path>& script, const ModuleSource& module);
+
+struct DateOptions {
+    std::optional<std::string> pattern;
+    std::optional<std::string> at;  ///< a time in place of the clock's
+    std::int32_t offset = 0;        ///< days
+    bool list = false;              ///< the fixed formats in place of a pattern
+};
+
+/// Prints what a date pattern gives. No control is asked: it gives no text back.
+int dateCommand(const DateOptions& options);
 
 int fontsCommand(bool asJson);
 int propertiesCommand(bool asJson, const ModuleSource& module);

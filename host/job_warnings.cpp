@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "host/control_settings.h"
+#include "host/glyph_count.h"
 #include "host/text_encoding.h"
 #include "host/vector_stream.h"
 #include "output/vector_record.h"
@@ -32,6 +33,24 @@ std::u16string textProperty(INorvel_OvalineCtrlTable& control,
     held[0].vt = VT_BSTR;
     require((control.*get)(&held[0].bstrVal), name);
     return platform::textOf(held[0].bstrVal);
+}
+
+/// The font that the control's settings choose, in a size of its own: what it draws is the same in every size.
+std::shared_ptr<const platform::Font> fontOf(INorvel_OvalineCtrlTable& control) {
+    VARIANT_BOOL bold = VARIANT_FALSE;
+    VARIANT_BOOL italic = VARIANT_FALSE;
+    require(control.get_FontBold(&bold), "getting FontBold");
+    require(control.get_FontItalic(&italic), "getting FontItalic");
+    platform::LogFont description;
+    constexpr std::size_t kLongestFaceName = 31;
+    constexpr std::int32_t kAnyHeight = 1000;
+    constexpr std::int32_t kBold = 700;
+    description.lfFaceName = textProperty(control, &INorvel_OvalineCtrl::get_FontName, "getting FontName");
+    description.lfFaceName.resize(std::min(description.lfFaceName.size(), kLongestFaceName));
+    description.lfHeight = kAnyHeight;
+    if (bold) description.lfWeight = kBold;
+    description.lfItalic = italic ? 1 : 0;
+    return platform::systemFonts().createFont(description);
 }
 
 /// An ellipse on which every glyph has the room of some three times its height; nothing else that takes room or time.
@@ -69,24 +88,20 @@ std::vector<std::string> heldOtherwise(INorvel_OvalineCtrlTable& control, const 
 
 std::string fontWarning(INorvel_OvalineCtrlTable& control) {
     const std::u16string asked = textProperty(control, &INorvel_OvalineCtrl::get_FontName, "getting FontName");
-    VARIANT_BOOL bold = VARIANT_FALSE;
-    VARIANT_BOOL italic = VARIANT_FALSE;
-    require(control.get_FontBold(&bold), "getting FontBold");
-    require(control.get_FontItalic(&italic), "getting FontItalic");
-
-    platform::LogFont description;
-    constexpr std::size_t kLongestFaceName = 31;
-    constexpr std::int32_t kAnyHeight = 1000;
-    constexpr std::int32_t kBold = 700;
-    description.lfFaceName = asked.substr(0, kLongestFaceName);
-    description.lfHeight = kAnyHeight;
-    if (bold) description.lfWeight = kBold;
-    description.lfItalic = italic ? 1 : 0;
-    const auto font = platform::systemFonts().createFont(description);
+    const auto font = fontOf(control);
     if (!font) return "no font can be opened for " + toUtf8(asked) + ", the text marks nothing";
     const auto lowered = [](char16_t c) { return c >= u'A' && c <= u'Z' ? static_cast<char16_t>(c + 32) : c; };
     if (std::ranges::equal(font->familyName(), asked, {}, lowered, lowered)) return {};
     return "the font " + toUtf8(asked) + " is not installed, " + toUtf8(font->familyName()) + " is marked instead";
+}
+
+std::optional<std::size_t> glyphsOf(INorvel_OvalineCtrlTable& control) {
+    INT isStatic = 0;
+    require(control.GetArrayType(&isStatic), "GetArrayType");
+    const auto font = fontOf(control);
+    if (isStatic != 1 || !font) return std::nullopt;
+    const std::u16string text = textProperty(control, &INorvel_OvalineCtrl::get_TextData, "getting TextData");
+    return markedGlyphs(*font, text, figuresOf(control));
 }
 
 std::size_t figuresOf(INorvel_OvalineCtrlTable& control) {

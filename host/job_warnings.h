@@ -1,6 +1,7 @@
 // What a person should know before a job is marked: marking cannot be undone, and the control reports none of it.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -22,5 +23,8 @@ std::string roomWarning(platform::GetClassObject module, Job& job, std::size_t f
 
 /// Outline figures that the control's result has, whether they are marked or not.
 std::size_t figuresOf(INorvel_OvalineCtrlTable& control);
+
+/// Glyphs that one copy of a static text marks; no value where the copies have texts of their own.
+std::optional<std::size_t> glyphsOf(INorvel_OvalineCtrlTable& control);
 
 }  // namespace ovaline::host

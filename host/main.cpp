@@ -12,6 +12,7 @@
 
 namespace {
 
+using ovaline::host::DateOptions;
 using ovaline::host::Failure;
 using ovaline::host::MarkOptions;
 
@@ -32,6 +33,7 @@ public:
         app_.require_subcommand(0, 1);
         addMark();
         addRun();
+        addDate();
         addLists();
         addHelp();
     }
@@ -46,6 +48,7 @@ public:
         }
         if (mark_->parsed()) return ovaline::host::markCommand(markOptions_, ovaline::host::loadControlModule);
         if (run_->parsed()) return ovaline::host::runCommand(script_, ovaline::host::loadControlModule);
+        if (date_->parsed()) return ovaline::host::dateCommand(dateOptions_);
         if (fonts_->parsed()) return ovaline::host::fontsCommand(asJson_);
         if (properties_->parsed()) return ovaline::host::propertiesCommand(asJson_, ovaline::host::loadControlModule);
         return help();
@@ -84,6 +87,15 @@ private:
         run_->add_option("SCRIPT", script_, "File of lines");
     }
 
+    void addDate() {
+        date_ = app_.add_subcommand("date", "Show what a date pattern (CustomAutoText) gives, and why");
+        date_->footer("Example: ovaline date \"LOT %C%y-%T, use by %d.%m.%+2Y\" --at 2026-11-17T19:33:24");
+        date_->add_option("PATTERN", dateOptions_.pattern, "The pattern; after -- if it begins with -");
+        date_->add_option("--at", dateOptions_.at, "Time like 2026-11-17T19:33:24, or date [now]");
+        date_->add_option("--offset", dateOptions_.offset, "Days to move the date by (AutoDateOffset) [0]");
+        date_->add_flag("--list", dateOptions_.list, "List the fixed formats (AutoDateFormat) with their patterns");
+    }
+
     void addLists() {
         fonts_ = app_.add_subcommand("fonts", "List the font families and their style");
         fonts_->add_flag("--json", asJson_, "As JSON");
@@ -113,10 +125,12 @@ private:
     CLI::App app_;
     CLI::App* mark_ = nullptr;
     CLI::App* run_ = nullptr;
+    CLI::App* date_ = nullptr;
     CLI::App* fonts_ = nullptr;
     CLI::App* properties_ = nullptr;
     CLI::App* help_ = nullptr;
     MarkOptions markOptions_;
+    DateOptions dateOptions_;
     std::optional<std::filesystem::path> script_;
     std::string helpTopic_;
     bool asJson_ = false;

@@ -24,7 +24,8 @@ std::vector<std::string> MarkingSession::warnings() {
 
 Result MarkingSession::read() {
     INorvel_OvalineCtrlTable& control = control_.table();
-    Result result{readVectorStream(control, &INorvel_OvalineCtrl::GetVectorData, "GetVectorData"), {}, {}};
+    Result result{readVectorStream(control, &INorvel_OvalineCtrl::GetVectorData, "GetVectorData"), {}, {}, {}};
+    result.glyphs = glyphsOf(control);
     // Offsets and widths are read in millimetres, whatever the job's unit: an inch's four decimals are too coarse.
     require(control.SetMeasurement(kMillimetres), "SetMeasurement");
     readPlacement(result);

@@ -1,6 +1,8 @@
 // One control that carries out one job.
 #pragma once
 
+#include <optional>
+
 #include "host/control_host.h"
 #include "host/job.h"
 #include "host/marking.h"
@@ -14,6 +16,7 @@ struct Result {
     VectorStream stream;
     Placement placement;
     LineWidths widths;
+    std::optional<std::size_t> glyphs;  ///< that one copy marks, where all copies have the same text
     std::size_t copies = 1;  ///< copies of the array, whether the stream holds them or the host repeats the one in it
 };
 

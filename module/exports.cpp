@@ -35,7 +35,7 @@ public:
         if (outer) return CLASS_E_NOAGGREGATION;
         try {
             const auto control = platform::ComPtr<CNorvel_OvalineCtrl>::adopt(
-                CNorvel_OvalineCtrl::create(platform::systemFonts(), platform::displayDpi()));
+                CNorvel_OvalineCtrl::create(platform::systemFonts(), platform::systemClock(), platform::displayDpi()));
             return control->QueryInterface(riid, object);
         } catch (const std::bad_alloc&) {
             return E_OUTOFMEMORY;

@@ -42,7 +42,7 @@ float Units::dots(float micrometres) const {
     return static_cast<float>(measurement == 0 ? millimetres : millimetres / kMillimetresPerInch) * dotsPerUnit;
 }
 
-float Units::hatchDots(float micrometres) const {
+float Units::pitchDots(float micrometres) const {
     float length = static_cast<float>(truncateToInt32(micrometres) / kMicrometresPerMillimetre);
     if (measurement != 0) length = static_cast<float>(length / kMillimetresPerInch);
     return length * dotsPerUnit;

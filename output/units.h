@@ -27,8 +27,9 @@ struct Units {
 
     /// Dots of a stored length: whole micrometres to the host's unit, rounded once to single precision, then to dots.
     float dots(float micrometres) const;
-    /// Dots of a hatch spacing: rounded to single precision in millimetres, then in inches, then to dots.
-    float hatchDots(float micrometres) const;
+    /// Dots from one hatch line, or one copy, to the next: rounded to single precision in millimetres, then in inches,
+    /// then to dots.
+    float pitchDots(float micrometres) const;
 };
 
 }  // namespace ovaline

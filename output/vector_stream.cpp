@@ -26,7 +26,10 @@ std::uint64_t figureCount(const GraphicsPath& path) {
 GraphicsPath shifted(const VectorJob& job, const GraphicsPath& path) {
     const bool withFrame = job.showAxes == FullAxes || job.showAxes == NoAxesFull;
     RectF bounds;
-    GdipGetPathWorldBounds(withFrame ? job.frame : job.text, bounds);
+    if (withFrame)
+        bounds = job.frame;
+    else
+        GdipGetPathWorldBounds(job.text, bounds);
     const Matrix translation{1, 0, 0, 1, -bounds.X, -bounds.Y};
     GraphicsPath copy = path;
     GdipTransformPath(copy, &translation);

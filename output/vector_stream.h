@@ -16,7 +16,7 @@ namespace ovaline {
 struct VectorJob {
     const GraphicsPath& text;
     const GraphicsPath& fill;
-    const GraphicsPath& frame;
+    RectF frame;                           ///< bounds of the frame
     std::int32_t showAxes = FullAxes;      ///< `_axesstyle`: whose bounds have their corner at the origin
     std::int32_t outlineType = SolidLine;  ///< `_outlinestyle`
     std::int32_t fontStyle = TrueType;     ///< `_txtfontstyle`

@@ -1,9 +1,9 @@
-#include "geometry/char_next.h"
+#include "platform/char_next.h"
 
 #include <algorithm>
 #include <iterator>
 
-namespace ovaline {
+namespace ovaline::platform {
 
 namespace {
 
@@ -75,4 +75,4 @@ std::size_t charNext(std::u16string_view text, std::size_t position) {
     return position;
 }
 
-}  // namespace ovaline
+}  // namespace ovaline::platform

@@ -11,4 +11,8 @@ namespace ovaline::platform {
 /// 2052). No value where the table has no such string in that language.
 std::optional<std::u16string> loadString(std::uint32_t id, std::uint16_t languageId);
 
+/// The same in the language that the platform chooses for a process that asks for none: on Windows the user's, of those
+/// that the table has, else English.
+std::optional<std::u16string> loadString(std::uint32_t id);
+
 }  // namespace ovaline::platform

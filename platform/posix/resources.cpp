@@ -7,6 +7,8 @@ namespace ovaline::platform {
 namespace {
 
 constexpr std::array<std::uint16_t, 6> kLanguages = {1031, 1033, 1041, 1045, 1049, 2052};
+// What is marked must not depend on the language of whoever starts the host.
+constexpr std::uint16_t kDefaultLanguage = 1033;
 
 struct Entry {
     std::uint32_t id;
@@ -28,6 +30,10 @@ std::optional<std::u16string> loadString(std::uint32_t id, std::uint16_t languag
             if (kLanguages[i] == languageId) return entry.texts[i];
     }
     return std::nullopt;
+}
+
+std::optional<std::u16string> loadString(std::uint32_t id) {
+    return loadString(id, kDefaultLanguage);
 }
 
 }  // namespace ovaline::platform

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "control/norvel_ovaline_ctrl.h"
+#include "platform/memory/clock.h"
 #include "platform/memory/fonts.h"
 
 namespace ovaline {
@@ -98,7 +99,8 @@ protected:
     const KeptPaths& paths() const { return control->paths(); }
 
     platform::MemoryFontService fonts;
-    platform::ComPtr<Control> control = platform::ComPtr<Control>::adopt(Control::create(fonts, 96));
+    platform::MemoryClock clock{{{2026, 11, 17, 19, 33, 24}}};
+    platform::ComPtr<Control> control = platform::ComPtr<Control>::adopt(Control::create(fonts, clock, 96));
 };
 
 }  // namespace ovaline

@@ -198,7 +198,7 @@ TEST_F(ControlTest, ReferencesBalance) {
     const long before = platform::moduleLockCount;
     RecordingContainer container;
     {
-        auto other = platform::ComPtr<Control>::adopt(Control::create(fonts, 96));
+        auto other = platform::ComPtr<Control>::adopt(Control::create(fonts, clock, 96));
         EXPECT_EQ(platform::moduleLockCount, before + 1);
         other->SetClientSite(&container);
         other->SetAdvise(DVASPECT_CONTENT, 0, &container);
@@ -217,18 +217,39 @@ TEST_F(ControlTest, ReferencesBalance) {
     EXPECT_EQ(platform::moduleLockCount, before);
 }
 
-// With copies of their own text nothing can be built yet, and the plain text in their place would be wrong.
-TEST_F(ControlTest, ComposedTextIsNotMarkedAsStaticText) {
-    control->SetDefaultSize(0);
-    ASSERT_FALSE(paths().TextPath.empty());
+TEST_F(ControlTest, SetIncrementMovesTheStartOn) {
     INT type = 0;
     control->GetArrayType(&type);
     EXPECT_EQ(type, 1);
+    control->put_SerNumStart(Text(u"7"));
+    EXPECT_EQ(control->SetIncrement(), S_OK);
+    EXPECT_EQ(settings().SerNumStart, u"7") << "serial numbers are off";
     control->put_SerialNumEnable(VARIANT_TRUE);
-    EXPECT_TRUE(paths().TextPath.empty());
     control->GetArrayType(&type);
     EXPECT_EQ(type, 0);
-    EXPECT_EQ(control->SetIncrement(), E_NOTIMPL);
+    control->put_ArrayXDimension(3);
+    control->put_ArrayYDimension(2);
+    control->put_SerNumDecimalPlaces(Two);
+    control->put_SerNumIncrement(2);
+    control->SetDefaultSize(0);
+    const std::size_t points = paths().TextPath.size();
+    EXPECT_EQ(settings().SerNumStart, u"7") << "a regeneration does not change it";
+    RecordingContainer container;
+    control->SetAdvise(DVASPECT_CONTENT, 0, &container);
+    EXPECT_EQ(control->SetIncrement(), S_OK);
+    EXPECT_EQ(settings().SerNumStart, u"19");
+    EXPECT_EQ(container.events.size(), 1u) << "it rebuilds and repaints";
+    EXPECT_EQ(paths().TextPath.size(), points);
+    control->put_SerNumIncrement(-4);
+    control->SetIncrement();
+    EXPECT_EQ(settings().SerNumStart, u"19");
+    control->put_ArrayXDimension(1);
+    control->put_ArrayYDimension(1);
+    control->put_SerNumIncrement(std::numeric_limits<LONG>::max());
+    control->put_SerNumDecimalPlaces(None);
+    control->SetIncrement();
+    EXPECT_EQ(settings().SerNumStart, u"2147483666");
+    control->SetAdvise(0, 0, nullptr);
 }
 
 TEST_F(ControlTest, VectorDataGoesThroughTheBufferAddress) {

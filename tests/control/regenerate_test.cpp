@@ -6,6 +6,7 @@
 
 #include "../geometry/path_text.h"
 #include "control/settings_slices.h"
+#include "platform/memory/clock.h"
 #include "platform/memory/fonts.h"
 
 namespace ovaline {
@@ -19,9 +20,10 @@ protected:
         settings.TextData = u"AB";
         settings.StartAngle = 90;
     }
-    Regenerated build() { return regenerate(settings, fonts, font); }
+    Regenerated build() { return regenerate(settings, fonts, clock, font); }
 
     platform::MemoryFontService fonts;
+    platform::MemoryClock clock{{{2026, 11, 17, 19, 33, 24}}};
     LayoutFont font;
     TextSettings settings = startUpSettings(96);
 };

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "geometry/char_next.h"
+#include "platform/char_next.h"
 #include "geometry/text_on_path.h"
 #include "path_text.h"
 #include "platform/memory/fonts.h"
@@ -117,7 +117,7 @@ TEST(SingleStroke, OpensFiguresOnWholeDots) {
 TEST(CharNext, StepsByWholeCharacters) {
     const auto steps = [](std::u16string_view text) {
         std::vector<std::size_t> ends;
-        for (std::size_t i = 0; i < text.size();) ends.push_back(i = charNext(text, i));
+        for (std::size_t i = 0; i < text.size();) ends.push_back(i = platform::charNext(text, i));
         return ends;
     };
     using Ends = std::vector<std::size_t>;

@@ -10,6 +10,7 @@
 
 #include "control/regenerate.h"
 #include "control/settings_slices.h"
+#include "platform/clock.h"
 #include "platform/posix/fonts.h"
 
 namespace ovaline {
@@ -20,7 +21,7 @@ const std::string kSource = OVALINE_SOURCE_DIR;
 std::string streamOf(const TextSettings& settings) {
     static platform::PosixFontService fonts({kSource + "/tests/fonts", kSource + "/fonts"});
     LayoutFont font;
-    const Regenerated result = regenerate(settings, fonts, font);
+    const Regenerated result = regenerate(settings, fonts, platform::systemClock(), font);
     const VectorJob job = vectorJobOf(settings, result.paths);
     std::vector<std::byte> buffer(vectorDataSize(job));
     EXPECT_TRUE(writeVectorData(job, buffer));

@@ -192,6 +192,15 @@ TEST_F(ProgramTest, InchesAreMarkedAtTheirTrueSize) {
     EXPECT_GT(widths[0], 25.4);
 }
 
+// A glyph may have several figures or none; what fell off the ellipse is not counted, and copies all are.
+TEST_F(ProgramTest, GlyphsAreCounted) {
+    const std::string font = " --set 'FontName=Liberation Sans' ";
+    EXPECT_NE(run("mark --text 'H\u00e4i \u00d6!'" + font + "-o a.svg").out.find(" 5 glyphs, "), std::string::npos);
+    EXPECT_NE(run("mark --text MMMMMMMMMMMMMMMMMMMMMMMMMMMM --set ArrayXDimension=3" + font + "-o a.svg")
+                  .out.find(" 48 glyphs, 48 figures"),
+              std::string::npos);
+}
+
 TEST_F(ProgramTest, TextThatHasNoRoomIsTold) {
     const Outcome cut = run("mark --text 'MMMMMMMMMMMMMMMMMMMMMMMMMMMMMM' -o a.svg");
     EXPECT_EQ(cut.status, 0);
@@ -219,6 +228,14 @@ TEST_F(ProgramTest, ErrorsTakeOneLineAndLeaveNoFile) {
         {"mark none.json -o a.svg", "none.json: the file cannot be read"},
         {"mark -o none/a.svg", "none/a.svg cannot be written"},
         {"run none.jsonl", "none.jsonl cannot be read"},
+        {"date", "either a PATTERN or --list"},
+        {"date %Y --list", "either a PATTERN or --list"},
+        {"date %Y --at 2026-02-30", "not 2026-02-30"},
+        {"date %Y --at 2026-02-03T24:00:00", "--at takes a time like"},
+        {"date %Y --at 2026-2-3", "--at takes a time like"},
+        {"date %Y --at 2026-02-03T", "--at takes a time like"},
+        {"date %Y --offset 2147483648", "--offset"},
+        {"date '\xFF'", "the pattern is not UTF-8"},
         {"help nothing", "there is no command nothing"},
         {"nothing", "nothing"},
     };
@@ -232,6 +249,30 @@ TEST_F(ProgramTest, ErrorsTakeOneLineAndLeaveNoFile) {
         EXPECT_EQ(outcome.error.find('\n', at), outcome.error.size() - 1) << arguments << ": " << outcome.error;
         EXPECT_EQ(files(), std::vector<std::string>{"bad.json"}) << arguments;
     }
+}
+
+TEST_F(ProgramTest, DatePatternsAreExplained) {
+    const Outcome lot = run("date 'LOT %C%y %+2Y %#5%+12d %q %+' --at 2026-11-17T19:33:24");
+    EXPECT_EQ(lot.status, 0);
+    EXPECT_EQ(lot.out,
+              "LOT NO26 2028 %17 % \n"
+              "%C\tNO\tmonth as two letters\n"
+              "%y\t26\tyear of the century\n"
+              "%+2Y\t2028\tyear, 2 years on\n"
+              "%#5\t%\tunknown: a percent sign\n"
+              "%+12d\t17\tday, + ignored\n"
+              "%q\t%\tunknown: a percent sign\n"
+              "%+\t\tno letter follows: left out\n");
+    EXPECT_EQ(run("date '%#x' --at 2028-02-28 --offset 1").out,
+              "Tuesday, February 29, 2028\n%#x\tTuesday, February 29, 2028\tlong date\n");
+    EXPECT_EQ(run("date x --offset -3000000").out, "Invalid DateTime\n");
+    EXPECT_EQ(run("date '\u5E74'").out, "\u5E74\n");
+    // Without --at it is the clock's time, whichever year that is.
+    EXPECT_EQ(run("date '%%'").out, "%\n%%\t%\tpercent sign\n");
+    const std::string formats = run("date --list --at 2026-11-17").out;
+    EXPECT_TRUE(formats.starts_with("20000\tFormat00\t%A, %B %d, %Y\tTuesday, November 17, 2026\n")) << formats;
+    EXPECT_TRUE(formats.ends_with("\n20015\tFormat15\t%B %Y\tNovember 2026\n")) << formats;
+    EXPECT_EQ(std::ranges::count(formats, '\n'), 16);
 }
 
 TEST_F(ProgramTest, Listings) {

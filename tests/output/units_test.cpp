@@ -55,8 +55,8 @@ TEST(Units, EveryNumberHasAResult) {
 TEST(Units, Dots) {
     EXPECT_EQ((Units{0, 625.3f}.dots(20000)), 20.0f * 625.3f);
     EXPECT_EQ((Units{1, 15882.62f}.dots(25400)), 15882.62f);
-    EXPECT_EQ((Units{0, 625.3f}.hatchDots(30)), 0.03f * 625.3f);
-    EXPECT_FLOAT_EQ((Units{1, 15882.62f}.hatchDots(40)), 40 / 25400.0f * 15882.62f);
+    EXPECT_EQ((Units{0, 625.3f}.pitchDots(30)), 0.03f * 625.3f);
+    EXPECT_FLOAT_EQ((Units{1, 15882.62f}.pitchDots(40)), 40 / 25400.0f * 15882.62f);
     EXPECT_EQ((Units{0, 625.3f}.dots(kNan)), 0);
 }
 

@@ -12,7 +12,7 @@ namespace {
 class Job {
 public:
     explicit Job(const std::string& text, const std::string& fill = "", const std::string& frame = "")
-        : text_(pathFrom(text)), fill_(pathFrom(fill)), frame_(pathFrom(frame)), job{text_, fill_, frame_} {
+        : text_(pathFrom(text)), fill_(pathFrom(fill)), job{text_, fill_, boundsOf(pathFrom(frame))} {
         job.showAxes = PartialAxes;
     }
     std::string vectorData() { return stream(&writeVectorData); }
@@ -24,7 +24,7 @@ private:
         EXPECT_TRUE(write(job, buffer));
         return describe(recordsOf(buffer));
     }
-    GraphicsPath text_, fill_, frame_;
+    GraphicsPath text_, fill_;
 
 public:
     VectorJob job;
@@ -135,7 +135,7 @@ TEST(Stream, SizeSaturates) {
         GdipStartPathFigure(fill);
         GdipAddPathLine(fill, 0, 0, 1, 1);
     }
-    VectorJob job{text, fill, text};
+    VectorJob job{text, fill, {}};
     job.fillStyle = Solid;
     // 1 + 12000·5 + 2·12000² records of 20 bytes are beyond 32 bits.
     EXPECT_EQ(vectorDataSize(job), 0xFFFFFFFFu);
