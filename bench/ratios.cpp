@@ -1,6 +1,8 @@
 #include "ratios.h"
 
 #include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <cstdio>
 
@@ -92,10 +94,28 @@ void printPut() {
         100 * curves / put, 100 * (layout - curves) / put, 100 * (put - layout) / put);
 }
 
-std::size_t peakBytes() {
-    rusage usage{};
-    getrusage(RUSAGE_SELF, &usage);
-    return static_cast<std::size_t>(usage.ru_maxrss) * 1024;
+/// Bytes by which `work` raises the process's memory at its peak, seen in a process of its own.
+template <typename Work>
+double peakBytes(Work&& work) {
+    int ends[2] = {};
+    if (pipe(ends) != 0) return 0;
+    if (fork() == 0) {
+        const auto peak = [] {
+            rusage usage{};
+            getrusage(RUSAGE_SELF, &usage);
+            return static_cast<double>(usage.ru_maxrss) * 1024;
+        };
+        const double before = peak();
+        work();
+        const double taken = peak() - before;
+        _exit(write(ends[1], &taken, sizeof taken) == sizeof taken ? 0 : 1);
+    }
+    close(ends[1]);
+    double taken = 0;
+    const bool known = read(ends[0], &taken, sizeof taken) == sizeof taken;
+    close(ends[0]);
+    wait(nullptr);
+    return known ? taken : 0;
 }
 
 /// The largest array of serial numbers, against copies that are laid out in full, one by one.
@@ -121,14 +141,13 @@ void printComposed() {
                          (30 * 30);
 
     settings.ArrayXDimension = settings.ArrayYDimension = 255;
-    const std::size_t before = peakBytes();
+    const double taken = peakBytes([&] { regenerate(settings, fonts, clock, font); });
     Regenerated built = regenerate(settings, fonts, clock, font);
-    const std::size_t taken = peakBytes() - before;
     const std::size_t points = built.paths.TextPath.size();
     const double fast = fastest(3, [&] { built = regenerate(settings, fonts, clock, font, std::move(built.paths)); });
     constexpr double kCopies = 255.0 * 255.0;
     constexpr double kGlyphs = kCopies * 8;
-    const double beyond = static_cast<double>(taken) - static_cast<double>(points) * 9;
+    const double beyond = taken - static_cast<double>(points) * 9;
     std::printf(
         "255 x 255 copies of \"SN-00001\": %.0f times faster than laid out one by one (%.0f ms, %.1f million points);\n"
         "  %.0f bytes a glyph beyond the points themselves\n",
@@ -138,7 +157,7 @@ void printComposed() {
 }  // namespace
 
 void printRatios() {
-    printComposed();  // first, while the peak of the memory is still low
+    printComposed();
     std::printf("\nThe fill section, in one run:\n");
     for (const float angle : {0.0f, 45.0f, 90.0f, 135.0f}) printFill(10, angle, true);
     printFill(40, 0, false);

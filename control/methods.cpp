@@ -1,7 +1,7 @@
 // The methods of the interface.
 #include <cstring>
 
-#include "control/composed_copies.h"
+#include "control/property_record.h"
 #include "control/settings_slices.h"
 #include "control/store.h"
 #include "platform/numbers.h"
@@ -224,16 +224,25 @@ HRESULT CNorvel_OvalineCtrl::GetRasterData(VARIANT, LONG) {
 HRESULT CNorvel_OvalineCtrl::GetRasterDataSize(LONG*) {
     return E_NOTIMPL;
 }
-HRESULT CNorvel_OvalineCtrl::GetProperty(VARIANT) {
-    return E_NOTIMPL;
+HRESULT CNorvel_OvalineCtrl::GetProperty(VARIANT pPropertyData) {
+    auto* record = static_cast<std::byte*>(pPropertyData.byref);
+    if (!record) return E_POINTER;
+    encodePropertyRecord(settings_, std::span<std::byte, kPropertyRecordSize>(record, kPropertyRecordSize));
+    return S_OK;
 }
-HRESULT CNorvel_OvalineCtrl::SetProperty(VARIANT) {
-    return E_NOTIMPL;
+
+HRESULT CNorvel_OvalineCtrl::SetProperty(VARIANT pPropertyData) {
+    const auto* record = static_cast<const std::byte*>(pPropertyData.byref);
+    if (!record) return E_POINTER;
+    return storeAndUpdate([&](TextSettings& settings) {
+        decodePropertyRecord(std::span<const std::byte, kPropertyRecordSize>(record, kPropertyRecordSize), settings);
+    });
 }
 
 HRESULT CNorvel_OvalineCtrl::SetIncrement() {
     if (settings_.SerialNumEnable == 0) return S_OK;
-    return storeAndUpdate([](TextSettings& settings) { settings.SerNumStart = serialAfterRun(settings); });
+    return storeAndUpdate(
+        [](TextSettings& settings) { settings.SerNumStart = copyTextsOf(settings).serialAfterArray(); });
 }
 
 }  // namespace ovaline

@@ -51,6 +51,10 @@ HRESULT CNorvel_OvalineCtrl::QueryInterface(REFIID riid, void** object) {
         *object = static_cast<IOleObject*>(this);
     else if (IsEqualIID(riid, IID_IViewObject))
         *object = static_cast<IViewObject*>(this);
+    else if (IsEqualIID(riid, IID_IPersist) || IsEqualIID(riid, IID_IPersistStreamInit))
+        *object = static_cast<IPersistStreamInit*>(this);
+    else if (IsEqualIID(riid, IID_IPersistStorage))
+        *object = static_cast<IPersistStorage*>(this);
     else
         return E_NOINTERFACE;
     AddRef();

@@ -3,11 +3,13 @@
 
 #include <atomic>
 #include <cstddef>
+#include <optional>
 #include <span>
 
 #include "control/container_link.h"
 #include "control/interface/norvel_ovaline_ctrl.h"
 #include "control/kept_paths.h"
+#include "control/persistence.h"
 #include "control/text_settings.h"
 #include "geometry/layout_font.h"
 #include "platform/clock.h"
@@ -17,7 +19,11 @@ namespace ovaline {
 
 /// Holds the settings and the paths that the last regeneration made of them. Lives in one apartment: every operation
 /// runs on the thread that created it.
-class CNorvel_OvalineCtrl final : public INorvel_OvalineCtrlTable, public IOleObject, public IViewObject {
+class CNorvel_OvalineCtrl final : public INorvel_OvalineCtrlTable,
+                                  public IOleObject,
+                                  public IViewObject,
+                                  public IPersistStreamInit,
+                                  public IPersistStorage {
 public:
     /// A control with its start-up settings and empty paths, holding one reference for the caller.
     static CNorvel_OvalineCtrl* create(platform::FontService& fonts, const platform::Clock& clock, float screenDpi);
@@ -81,6 +87,20 @@ public:
     HRESULT STDMETHODCALLTYPE SetAdvise(DWORD aspects, DWORD flags, IAdviseSink* sink) override;
     HRESULT STDMETHODCALLTYPE GetAdvise(DWORD* aspects, DWORD* flags, IAdviseSink** sink) override;
 
+    // IPersistStreamInit and IPersistStorage, which share their first two operations. Only the extent is saved; the
+    // control is dirty while that differs from what is stored.
+    HRESULT STDMETHODCALLTYPE GetClassID(CLSID* id) override;
+    HRESULT STDMETHODCALLTYPE IsDirty() override;
+    HRESULT STDMETHODCALLTYPE InitNew() override;
+    HRESULT STDMETHODCALLTYPE Load(IStream* stream) override;
+    HRESULT STDMETHODCALLTYPE Save(IStream* stream, BOOL clearDirty) override;
+    HRESULT STDMETHODCALLTYPE GetSizeMax(ULARGE_INTEGER* size) override;
+    HRESULT STDMETHODCALLTYPE InitNew(IStorage* storage) override;
+    HRESULT STDMETHODCALLTYPE Load(IStorage* storage) override;
+    HRESULT STDMETHODCALLTYPE Save(IStorage* storage, BOOL sameAsLoad) override;
+    HRESULT STDMETHODCALLTYPE SaveCompleted(IStorage* newStorage) override;
+    HRESULT STDMETHODCALLTYPE HandsOffStorage() override;
+
 private:
     CNorvel_OvalineCtrl(platform::FontService& fonts, const platform::Clock& clock, float screenDpi);
     ~CNorvel_OvalineCtrl() = default;
@@ -106,7 +126,9 @@ private:
     TextSettings settings_;
     KeptPaths paths_;
     ContainerLink container_;
-    SIZEL extent_{5080, 5080};  // HIMETRIC: two inches square until the container says otherwise
+    SIZEL extent_ = kStartUpExtent;
+    std::optional<SIZEL> storedExtent_;  // what the container's stream or storage holds
+    StorageState storageState_;
 };
 
 }  // namespace ovaline

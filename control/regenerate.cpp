@@ -91,7 +91,7 @@ private:
         const PointF last = paths.grid.offset(paths.grid.columns - 1, paths.grid.rows - 1);
         transform.farthest = std::max(std::abs(last.X), std::abs(last.Y));
         CopiedText copies(layout_.run, transform);
-        if (!BuildComposedCopies(settings_, clock, copies, paths.TextPath)) return false;
+        if (!BuildComposedCopies(copyTextsOf(settings_), clock, paths.grid, copies, paths.TextPath)) return false;
         // The curves of all copies are not kept; the line from corner to corner has their bounds.
         Extent all = frame_;
         all.include(copies.extent(), {});

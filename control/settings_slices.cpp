@@ -58,6 +58,32 @@ LayoutInput layoutInputOf(const TextSettings& settings) {
     return input;
 }
 
+CopyTexts copyTextsOf(const TextSettings& settings) {
+    CopyTexts texts;
+    texts.prefix = settings.SerialNumPrefix;
+    texts.serialStart = settings.SerNumStart;
+    texts.suffix = settings.SerNumSuffix;
+    texts.digitCount = settings.SerNumDecimalPlaces;
+    texts.serialType = settings.SerialNumberType;
+    texts.increment = settings.SerNumIncrement;
+    texts.serialOn = settings.SerialNumEnable != 0;
+    texts.dateOn = settings.AutoDateEnable != 0;
+    texts.dateFormat = settings.AutoDateFormat;
+    texts.customDate = settings.CustomAutoText;
+    texts.datePosition = settings.AutoDatePosition;
+    texts.dateOffset = settings.AutoDateOffset;
+    texts.columns = settings.ArrayXDimension;
+    texts.rows = settings.ArrayYDimension;
+    texts.direction = settings.SerialDirection;
+    return texts;
+}
+
+CopyGrid copyGridOf(const TextSettings& settings) {
+    const Units units = unitsOf(settings);
+    return {settings.ArrayXDimension, settings.ArrayYDimension, units.pitchDots(settings.ArrayXOffset),
+            units.pitchDots(settings.ArrayYOffset)};
+}
+
 HatchInput hatchInputOf(const TextSettings& settings) {
     const Units units = unitsOf(settings);
     HatchInput input;

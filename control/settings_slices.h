@@ -7,6 +7,7 @@
 #include "geometry/hatching.h"
 #include "output/units.h"
 #include "output/vector_stream.h"
+#include "text/copy_texts.h"
 
 namespace ovaline {
 
@@ -20,6 +21,12 @@ float fontScaleOf(const TextSettings& settings);
 
 /// The font to realise; its cell height is in dots.
 platform::LogFont logFontOf(const TextSettings& settings);
+
+/// Texts of the copies of composed text.
+CopyTexts copyTextsOf(const TextSettings& settings);
+
+/// Where the copies of composed text stand.
+CopyGrid copyGridOf(const TextSettings& settings);
 
 /// The layout, without its text.
 LayoutInput layoutInputOf(const TextSettings& settings);

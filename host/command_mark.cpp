@@ -101,6 +101,7 @@ Marking markingOf(const Result& result) {
 }
 
 void markToStandardOutput(MarkingSession& session, Format format, const MarkOptions& options) {
+    if (options.printTexts) std::fputs(session.texts().c_str(), stderr);
     const Result result = session.read();
     const Marking marking = markingOf(result);
     checkInterrupted();
@@ -108,6 +109,12 @@ void markToStandardOutput(MarkingSession& session, Format format, const MarkOpti
     write(result, marking, format, options, sink);
     sink.flush();
     if (!options.quiet) std::fputs(summary("standard output", result, marking, format, options).c_str(), stderr);
+}
+
+void print(const std::string& text) {
+    StandardOutput out;
+    out.append(text);
+    out.flush();
 }
 
 /// All files or none: they take their places when the last one is complete and the serial number has moved on.
@@ -120,22 +127,20 @@ void markToFiles(MarkingSession& session, Format format, const MarkOptions& opti
         const Progress progress(options.advance && !options.quiet);
         for (int run = 1; run <= runs; ++run) {
             const std::filesystem::path path = options.advance ? numbered(target, run) : target;
+            if (options.printTexts) print(session.texts());
             const Result result = session.read();
             const Marking marking = markingOf(result);
             files.push_back(std::make_unique<OutputFile>(path));
             write(result, marking, format, options, *files.back());
             files.back()->close();
-            report += summary(path.string(), result, marking, format, options);
+            if (!options.quiet) report += summary(path.string(), result, marking, format, options);
             if (options.advance) session.advance();
             progress.show(run, runs);
             checkInterrupted();
         }
     }
     for (const auto& file : files) file->commit();
-    if (options.quiet) return;
-    StandardOutput out;
-    out.append(report);
-    out.flush();
+    if (!report.empty()) print(report);
 }
 
 }  // namespace

@@ -20,6 +20,7 @@ struct MarkOptions {
     double feed = 1500;           ///< G-code: millimetres per minute while marking
     int power = 300;              ///< G-code: S word while marking, 0 to 1000
     std::optional<int> advance;   ///< number of runs with a serial number each
+    bool printTexts = false;      ///< the text of every copy, before it is marked
     bool quiet = false;           ///< no summary of what is marked
 };
 

@@ -79,6 +79,7 @@ private:
         mark_
             ->add_option("--advance", markOptions_.advance, "N runs, the serial number moved on after each: FILE-1 ...")
             ->check(CLI::Range(1, 1000000));
+        mark_->add_flag("--print-texts", markOptions_.printTexts, "List the text of every copy before it is marked");
         mark_->add_flag("--quiet", markOptions_.quiet, "Do not sum up what is marked");
     }
 

@@ -4,6 +4,8 @@
 #include <array>
 
 #include "host/control_settings.h"
+#include "host/copy_list.h"
+#include "host/failure.h"
 #include "host/job_warnings.h"
 
 namespace ovaline::host {
@@ -12,6 +14,7 @@ MarkingSession::MarkingSession(platform::GetClassObject module, Job job)
     : module_(module), job_(std::move(job)), control_(module) {
     putSettings(control_.table(), job_);
     require(control_.table().SetUpdateFlag(1), "SetUpdateFlag");
+    if (const std::string reason = refusal(control_.table()); !reason.empty()) throw Failure(reason);
 }
 
 std::vector<std::string> MarkingSession::warnings() {
@@ -76,6 +79,10 @@ LineWidths MarkingSession::readWidths() {
     require(control_.table().get_TextOutline(&outline), "getting TextOutline");
     require(control_.table().get_FillLineWidth(&hatch), "getting FillLineWidth");
     return {outline, hatch};
+}
+
+std::string MarkingSession::texts() {
+    return copyList(control_.table());
 }
 
 void MarkingSession::advance() {

@@ -32,6 +32,9 @@ public:
 
     Result read();
 
+    /// A line for each copy with its text.
+    std::string texts();
+
     /// Moves the serial number on, as after a marked part.
     void advance();
 

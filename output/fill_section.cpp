@@ -38,11 +38,11 @@ void sortCrossings(std::span<PointF> crossings) {
     }
 }
 
-/// An edge and the lines of the family that it can cross.
+/// An edge, its position along the lines, and the lines of the family that it can cross.
 struct Reach {
+    float along;
     std::uint32_t edge;
-    std::uint32_t begin;
-    std::uint32_t end;
+    LineRange lines;
 };
 
 struct Extent {
@@ -72,7 +72,7 @@ public:
 
     void write(const HatchFamily& family, std::span<const Segment> lines, std::size_t firstIndex) {
         collect(family);
-        for (std::size_t band = 0; band + 1 < bandStart_.size(); ++band) {
+        for (std::size_t band = 0; band + 1 < bandStart_.size() && sink_.fits(); ++band) {
             const std::size_t begin = band * kBandLines;
             const std::size_t end = std::min(begin + kBandLines, lines.size());
             writeBand(std::span(reaches_).subspan(bandStart_[band], bandStart_[band + 1] - bandStart_[band]),
@@ -81,40 +81,43 @@ public:
     }
 
 private:
-    /// Lists, band by band, the edges that reach it, in the order of their position along the lines.
+    /// Lists, band by band, the edges that reach it.
     void collect(const HatchFamily& family) {
-        std::vector<std::pair<float, Reach>> found;
-        found.reserve(edges_.size());
+        std::vector<LineRange> ranges(edges_.size());
         bandStart_.assign((family.size() + kBandLines - 1) / kBandLines + 1, 0);
         for (std::size_t i = 0; i < edges_.size(); ++i) {
-            const LineRange range = family.candidates(edges_[i]);
-            if (range.begin >= range.end) continue;
-            found.emplace_back(family.along(edges_[i]),
-                               Reach{static_cast<std::uint32_t>(i), static_cast<std::uint32_t>(range.begin),
-                                     static_cast<std::uint32_t>(range.end)});
-            for (std::size_t band = range.begin / kBandLines; band <= (range.end - 1) / kBandLines; ++band)
-                ++bandStart_[band + 1];
+            ranges[i] = family.candidates(edges_[i]);
+            for (std::size_t band = firstBand(ranges[i]); band < endBand(ranges[i]); ++band) ++bandStart_[band + 1];
         }
-        std::ranges::sort(found, {}, &std::pair<float, Reach>::first);
         for (std::size_t band = 1; band < bandStart_.size(); ++band) bandStart_[band] += bandStart_[band - 1];
         reaches_.resize(bandStart_.back());
         std::vector<std::size_t> next(bandStart_.begin(), bandStart_.end() - 1);
-        for (const auto& [along, reach] : found)
-            for (std::size_t band = reach.begin / kBandLines; band <= (reach.end - 1) / kBandLines; ++band)
+        for (std::size_t i = 0; i < edges_.size(); ++i) {
+            if (ranges[i].begin >= ranges[i].end) continue;
+            const Reach reach{family.along(edges_[i]), static_cast<std::uint32_t>(i), ranges[i]};
+            for (std::size_t band = firstBand(ranges[i]); band < endBand(ranges[i]); ++band)
                 reaches_[next[band]++] = reach;
+        }
     }
 
-    void writeBand(std::span<const Reach> reaches, std::span<const Segment> lines, std::uint32_t bandBegin,
+    static std::size_t firstBand(LineRange range) { return range.begin / kBandLines; }
+    static std::size_t endBand(LineRange range) {
+        return range.begin < range.end ? (range.end - 1) / kBandLines + 1 : firstBand(range);
+    }
+
+    void writeBand(std::span<Reach> reaches, std::span<const Segment> lines, std::uint32_t bandBegin,
                    std::size_t firstIndex) {
         const auto count = static_cast<std::uint32_t>(lines.size());
         const auto clamped = [&](std::uint32_t line) {
             return line <= bandBegin ? 0 : std::min(line - bandBegin, count);
         };
+        // In this order each line's crossings arrive almost sorted.
+        std::ranges::sort(reaches, {}, &Reach::along);
         // Room for each line's candidates, then the crossings into it.
         std::size_t changes[kBandLines + 1] = {};
         for (const Reach& reach : reaches) {
-            ++changes[clamped(reach.begin)];
-            --changes[clamped(reach.end)];
+            ++changes[clamped(reach.lines.begin)];
+            --changes[clamped(reach.lines.end)];
         }
         std::size_t start[kBandLines + 1];
         std::size_t next[kBandLines];
@@ -127,7 +130,7 @@ private:
         if (crossings_.size() < total) crossings_.resize(total);
         for (const Reach& reach : reaches) {
             const Segment edge = edges_[reach.edge];
-            for (std::uint32_t line = clamped(reach.begin); line < clamped(reach.end); ++line)
+            for (std::uint32_t line = clamped(reach.lines.begin); line < clamped(reach.lines.end); ++line)
                 if (findCrossing(edge, lines[line], crossings_[next[line]])) ++next[line];
         }
         for (std::uint32_t line = 0; line < count; ++line)

@@ -100,7 +100,7 @@ void HatchFamily::index(std::span<const Segment> lines, double largest, double l
 }
 
 LineRange HatchFamily::candidates(const Segment& edge) const {
-    if (everyLine_) return {0, count_};
+    if (everyLine_) return {0, static_cast<std::uint32_t>(count_)};
     const double a = position(edge.from), b = position(edge.to);
     const double low = std::min(a, b), high = std::max(a, b);
     const auto guess = [this](double at) {
@@ -110,10 +110,11 @@ LineRange HatchFamily::candidates(const Segment& edge) const {
     };
     const std::size_t begin = boundary(count_, guess(low), [&](std::size_t i) { return highest_[i] >= low; });
     const std::size_t end = boundary(count_, guess(high), [&](std::size_t i) { return lowest_[i] > high; });
-    return {begin, std::max(begin, end)};
+    return {static_cast<std::uint32_t>(begin), static_cast<std::uint32_t>(std::max(begin, end))};
 }
 
 float HatchFamily::along(const Segment& edge) const {
+    if (everyLine_) return 0;
     const double x = (static_cast<double>(edge.from.X) + edge.to.X) / 2;
     const double y = (static_cast<double>(edge.from.Y) + edge.to.Y) / 2;
     // Crossings ascend in x, on upright lines in y; the lines' direction is the normal turned by a quarter.

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <span>
 #include <vector>
 
@@ -11,8 +12,8 @@ namespace ovaline {
 
 /// Half-open range of hatch line indices.
 struct LineRange {
-    std::size_t begin = 0;
-    std::size_t end = 0;
+    std::uint32_t begin = 0;
+    std::uint32_t end = 0;
 };
 
 /// A run of nearly parallel hatch lines, indexed by their position along the common normal. Given an edge it names a
@@ -28,7 +29,7 @@ public:
     std::size_t size() const { return count_; }
     /// Candidates for `edge`, counted from the run's first line.
     LineRange candidates(const Segment& edge) const;
-    /// Position of `edge` along the lines, in the direction in which their crossings ascend.
+    /// Position of `edge` along the lines, in the direction in which their crossings ascend; finite for every edge.
     float along(const Segment& edge) const;
 
 private:

@@ -201,6 +201,30 @@ TEST_F(ProgramTest, GlyphsAreCounted) {
               std::string::npos);
 }
 
+// A production batch: each run's copies carry the next numbers, and the list says what each file marks.
+TEST_F(ProgramTest, BatchesAdvanceTheSerialNumber) {
+    const std::string job =
+        "mark --set SerialNumEnable=true --set SerialNumPrefix=SN- --set SerNumSuffix=/A --set SerNumStart=9 "
+        "--set SerNumDecimalPlaces=Two --set ArrayXDimension=2 --set SerialDirection=Down ";
+    const Outcome batch = run(job + "--advance 2 --print-texts --quiet -o part.ovl");
+    EXPECT_EQ(batch.status, 0) << batch.error;
+    EXPECT_EQ(batch.out, "1\t1\tSN-09/A\n2\t1\tSN-10/A\n1\t1\tSN-11/A\n2\t1\tSN-12/A\n");
+    EXPECT_EQ(run(job + "--set SerNumStart=11 --quiet -o third.ovl").status, 0);
+    EXPECT_EQ(text("part-2.ovl"), text("third.ovl"));
+    EXPECT_NE(text("part-1.ovl"), text("part-2.ovl"));
+    EXPECT_EQ(run("mark --text Hi --set ArrayYDimension=2 --print-texts --quiet -o a.ovl").out, "1\t1\tHi\n1\t2\tHi\n");
+}
+
+TEST_F(ProgramTest, AJobThatMemoryCannotHoldIsRefused) {
+    const Outcome huge = run(
+        "mark -o a.svg --set SerialNumEnable=true --set ArrayXDimension=255 --set ArrayYDimension=255 --set Width=2000 "
+        "--set Height=2000 --set Flatness=0.001 --set SerialNumPrefix=8888888888888888888888888888888888888888");
+    EXPECT_EQ(huge.status, 2);
+    EXPECT_NE(huge.error.find("255 x 255 copies of 50 characters, lower ArrayXDimension"), std::string::npos)
+        << huge.error;
+    EXPECT_FALSE(std::filesystem::exists(folder_ / "a.svg"));
+}
+
 TEST_F(ProgramTest, TextThatHasNoRoomIsTold) {
     const Outcome cut = run("mark --text 'MMMMMMMMMMMMMMMMMMMMMMMMMMMMMM' -o a.svg");
     EXPECT_EQ(cut.status, 0);

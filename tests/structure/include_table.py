@@ -17,9 +17,9 @@ ALLOWED = {
     "control": {"control/interface", "text", "geometry", "output", "render", "platform"},
     "pages": {"control/interface", "output/units.h", "text", "geometry", "platform"},
     "module": {"pages", "control", "platform"},
-    # A control gives no text back, so `ovaline date` asks the date composition itself.
+    # A control gives no text back, so the listings of dates and of the copies' texts ask the composition itself.
     "host": {"control/interface", "output/vector_record.h", "platform",
-             "text/autodate.h", "text/autodate_pattern.h", "text/calendar.h"},
+             "text/autodate.h", "text/autodate_pattern.h", "text/calendar.h", "text/copy_texts.h"},
 }
 # Where only one place may name something.
 ONLY_IN = {"TextSettings": ("control", "tests", "bench", "fuzz")}

@@ -239,6 +239,7 @@ inline constexpr IID IID_IClassFactory{0x00000001, 0, 0, {0xC0, 0, 0, 0, 0, 0, 0
 inline constexpr IID IID_IDispatch{0x00020400, 0, 0, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}};
 
 #include "native/ole_interfaces.h"
+#include "native/persist_interfaces.h"
 
 /// New BSTR of `count` code units copied from `text` (zeros where `text` is null). Null where memory is exhausted.
 BSTR SysAllocStringLen(const OLECHAR* text, UINT count);
