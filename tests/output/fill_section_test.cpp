@@ -134,6 +134,33 @@ TEST(FillSection, EqualsThePlainEvaluationOnAnyInput) {
     }
 }
 
+// Edges that end within a rounding of a line, far from the origin: single precision then decides on either side.
+TEST(FillSection, EqualsThePlainEvaluationWhereEdgesEndOnLines) {
+    std::mt19937 random(22);
+    std::uniform_real_distribution<float> share(0, 1);
+    int touching = 0;
+    for (int round = 0; round < 3000; ++round) {
+        const float origin = round % 3 == 0 ? 0.0f : 20000.0f * static_cast<float>(1 + random() % 50);
+        const float angle = static_cast<float>(random() % 1800) / 10;
+        const std::vector<Segment> hatch = family(angle, 40, {origin, -origin, 1000, 700});
+        std::vector<Segment> edges;
+        for (int i = 0; i < 20 && !hatch.empty(); ++i) {
+            const Segment& line = hatch[random() % hatch.size()];
+            const float s = share(random);
+            PointF end{line.from.X + s * (line.to.X - line.from.X), line.from.Y + s * (line.to.Y - line.from.Y)};
+            for (int step = static_cast<int>(random() % 5); step > 2; --step) end.Y = std::nextafter(end.Y, 1e30f);
+            for (int step = static_cast<int>(random() % 5); step > 2; --step) end.X = std::nextafter(end.X, -1e30f);
+            // Away from the line, as short as a fraction of its distance to the next.
+            const PointF other{end.X + 15 * (share(random) - 0.5f), end.Y + 15 * (share(random) - 0.5f)};
+            edges.push_back(random() % 2 ? Segment{end, other} : Segment{other, end});
+        }
+        expectSame(edges, hatch, "round " + std::to_string(round) + " angle " + std::to_string(angle));
+        if (HasFatalFailure()) return;
+        touching += static_cast<int>(plainFill(edges, hatch).size());
+    }
+    EXPECT_GT(touching, 10000);
+}
+
 TEST(FillSection, AlternatesItsDirectionLineByLine) {
     const Segment square[] = {{{0, 0}, {10, 0}}, {{10, 0}, {10, 10}}, {{10, 10}, {0, 10}}, {{0, 10}, {0, 0}}};
     const Segment lines[] = {{{-5, 2}, {15, 2}}, {{-5, 4}, {15, 4}}, {{-5, 40}, {15, 40}}, {{-5, 6}, {15, 6}}};

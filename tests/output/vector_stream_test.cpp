@@ -37,6 +37,8 @@ TEST(Outline, ThinsPointsWithinTheStepDistance) {
     EXPECT_EQ(job.vectorData(), "u 0,0 x 10,0 x 20,0 x 30,0 d 60,0 E -1,-1");
     job.job.stepDistance = 25;  // reached at the third segment, counted from there anew
     EXPECT_EQ(job.vectorData(), "u 0,0 x 10,0 x 20,0 d 30,0 d 60,0 E -1,-1");
+    job.job.stepDistance = 20;  // reached exactly
+    EXPECT_EQ(job.vectorData(), "u 0,0 x 10,0 d 20,0 x 30,0 d 60,0 E -1,-1");
     job.job.stepDistance = 0;
     EXPECT_EQ(job.vectorData(), "u 0,0 d 10,0 d 20,0 d 30,0 d 60,0 E -1,-1");
     job.job.stepDistance = -7;
