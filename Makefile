@@ -1,6 +1,6 @@
 # Front door. Every goal first installs what is missing (scripts/setup.sh), so a fresh machine needs git and make alone.
 
-.PHONY: run build test bench fuzz asan tidy format windows setup clean
+.PHONY: run build test bench fuzz asan tidy format windows setup clean gallery
 
 run: build
 	scripts/run.sh
@@ -11,6 +11,9 @@ build: setup
 
 test: build
 	scripts/test.sh
+
+gallery: build
+	scripts/gallery.sh
 
 bench: build
 	build/bench/ovaline_bench

@@ -1,4 +1,4 @@
-// Times the put and the export at three sizes each, then prints the ratios.
+// Times the put, the export and the raster at three sizes each, then prints the ratios.
 #include <benchmark/benchmark.h>
 
 #include "control/settings_slices.h"
@@ -37,6 +37,21 @@ void fillExport(benchmark::State& state) {
     state.SetComplexityN(records);
 }
 BENCHMARK(fillExport)->Arg(1)->Arg(5)->Arg(25)->Unit(benchmark::kMillisecond)->Complexity();
+
+void raster(benchmark::State& state) {
+    TextSettings settings = defaultSettings();
+    settings.Width = settings.Height = 1000.0f * static_cast<float>(state.range(0));
+    settings.FontHeight = static_cast<std::int32_t>(settings.Width) / 5;
+    LayoutFont font;
+    const Regenerated built = regenerate(settings, platform::systemFonts(), platform::systemClock(), font);
+    Raster picture;
+    for (auto _ : state) renderRaster(rasterJobOf(settings, built.paths), picture);
+    const auto pixels = std::int64_t{picture.columns} * picture.rows;
+    state.SetItemsProcessed(state.iterations() * pixels);
+    state.SetComplexityN(pixels);
+}
+// Millimetres, at 40 micrometres a pixel.
+BENCHMARK(raster)->Arg(10)->Arg(100)->Arg(200)->Unit(benchmark::kMillisecond)->Complexity();
 
 }  // namespace
 }  // namespace ovaline::bench

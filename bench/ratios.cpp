@@ -163,6 +163,7 @@ void printRatios() {
     printFill(40, 0, false);
     printFill(40, 45, false);
     printPut();
+    printPreview();
 }
 
 }  // namespace ovaline::bench

@@ -6,4 +6,7 @@ namespace ovaline::bench {
 /// Prints them on standard output.
 void printRatios();
 
+/// Prints what a preview takes, and what share of it the drawing engine has.
+void printPreview();
+
 }  // namespace ovaline::bench

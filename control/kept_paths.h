@@ -24,7 +24,7 @@ struct KeptPaths {
     GraphicsPath TextPath;    ///< glyph outlines of all built copies, rotated, mirrored and flattened
     GraphicsPath FramePath;   ///< axes and band ellipses of the copy at (0, 0), rotated, never mirrored
     GraphicsPath GuidePath;   ///< the guide curve of the copy at (0, 0), rotated, never mirrored
-    GraphicsPath BoundsPath;  ///< what the result's bounds include before mirroring; only measured
+    GraphicsPath BoundsPath;  ///< a line across what the result's bounds include before mirroring; only measured
     GraphicsPath FillPath;    ///< hatch lines, a figure of two points each
     CopyGrid grid;            ///< where else frame and guide stand: every copy's are the same
 };

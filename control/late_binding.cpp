@@ -32,22 +32,19 @@ class Arguments {
 public:
     ~Arguments() {
         // A VARIANT that was handed over whole stays the caller's.
-        for (std::size_t i = 0; i < values_.size(); ++i)
+        for (std::size_t i = 0; i < owned_.size(); ++i)
             if (owned_[i]) VariantClear(&values_[i]);
     }
 
     /// Takes one in argument, converted to `type`.
     HRESULT addIn(const VARIANT& given, const ValueType& type) {
         const bool whole = type.vt == VT_VARIANT;
-        VARIANT value = given;
-        if (!whole) {
-            VARIANT source = given;  // some platforms' declaration wants a source that could be written to
-            VariantInit(&value);
-            if (const HRESULT hr = VariantChangeType(&value, &source, 0, type.vt); FAILED(hr)) return hr;
-        }
-        values_.push_back(value);
+        // In place first, then filled: what a conversion allocates always has an owner.
+        values_.push_back(whole ? given : VARIANT{});
         owned_.push_back(!whole);
-        return S_OK;
+        if (whole) return S_OK;
+        VARIANT source = given;  // some platforms' declaration wants a source that could be written to
+        return VariantChangeType(&values_.back(), &source, 0, type.vt);
     }
 
     void addOut() {

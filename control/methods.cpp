@@ -1,4 +1,5 @@
 // The methods of the interface.
+#include <algorithm>
 #include <cstring>
 
 #include "control/property_record.h"
@@ -214,16 +215,36 @@ HRESULT CNorvel_OvalineCtrl::GetOutlineData(VARIANT pVectorData, ULONG outbuffSi
     return exportTo(pVectorData, outbuffSize, &writeOutlineData);
 }
 
-HRESULT CNorvel_OvalineCtrl::SetStepSize(FLOAT StepSize) {
-    return storeOnly([&](TextSettings& settings) { settings.StepSize = StepSize; });
+void CNorvel_OvalineCtrl::renderHeldRaster() {
+    Status status = OutOfMemory;
+    try {
+        status = renderRaster(rasterJobOf(settings_, paths_), raster_);
+    } catch (const std::bad_alloc&) {
+    }
+    rasterStatus_ = status == Ok ? S_OK : status == OutOfMemory ? E_OUTOFMEMORY : E_INVALIDARG;
 }
 
-HRESULT CNorvel_OvalineCtrl::GetRasterData(VARIANT, LONG) {
-    return E_NOTIMPL;
+HRESULT CNorvel_OvalineCtrl::SetStepSize(FLOAT StepSize) {
+    settings_.StepSize = StepSize;
+    renderHeldRaster();
+    return S_OK;
 }
-HRESULT CNorvel_OvalineCtrl::GetRasterDataSize(LONG*) {
-    return E_NOTIMPL;
+
+HRESULT CNorvel_OvalineCtrl::GetRasterDataSize(LONG* DataSizeinByte) {
+    renderHeldRaster();
+    *DataSizeinByte = rasterDataSize(raster_);
+    return S_OK;
 }
+
+// Without a held raster the empty one is written, and the status says why there is none.
+HRESULT CNorvel_OvalineCtrl::GetRasterData(VARIANT pRasterData, LONG outbuffSize) {
+    auto* bytes = static_cast<std::byte*>(referredAddress(pRasterData));
+    if (!bytes) return E_POINTER;
+    const bool fits = writeRasterData(raster_, {bytes, static_cast<std::size_t>(std::max<LONG>(outbuffSize, 0))});
+    if (FAILED(rasterStatus_)) return rasterStatus_;
+    return fits ? S_OK : DISP_E_BUFFERTOOSMALL;
+}
+
 HRESULT CNorvel_OvalineCtrl::GetProperty(VARIANT pPropertyData) {
     auto* record = static_cast<std::byte*>(pPropertyData.byref);
     if (!record) return E_POINTER;

@@ -23,14 +23,16 @@ void CNorvel_OvalineCtrl::Regenerate() {
     try {
         result = regenerate(settings_, fonts_, clock_, font_, std::move(paths_));
     } catch (const std::bad_alloc&) {
-        result = Regenerated();
+        result.refused = true;
     }
     paths_ = std::move(result.paths);
-    settings_.ResultLeft = settings_.ResultTop = 0;
-    settings_.ResultRight = result.resultRight;
-    settings_.ResultBottom = result.resultBottom;
-    settings_.ScreenWidth = result.screenWidth;
-    settings_.ScreenHeight = result.screenHeight;
+    if (!result.refused) {
+        settings_.ResultLeft = settings_.ResultTop = 0;
+        settings_.ResultRight = result.resultRight;
+        settings_.ResultBottom = result.resultBottom;
+        settings_.ScreenWidth = result.screenWidth;
+        settings_.ScreenHeight = result.screenHeight;
+    }
     container_.requestPosition({truncateToInt32(settings_.ScreenLeft), truncateToInt32(settings_.ScreenTop),
                                 truncateToInt32(settings_.ScreenLeft + settings_.ScreenWidth),
                                 truncateToInt32(settings_.ScreenTop + settings_.ScreenHeight)});
@@ -38,6 +40,8 @@ void CNorvel_OvalineCtrl::Regenerate() {
 
 void CNorvel_OvalineCtrl::update() {
     if (settings_.UpdateFlag == 0) return;
+    // The container may let go of the control while it is asked for a new rectangle.
+    const auto alive = platform::ComPtr<INorvel_OvalineCtrlTable>::share(this);
     Regenerate();
     container_.requestRepaint();
 }
@@ -86,7 +90,11 @@ HRESULT CNorvel_OvalineCtrl::GetTypeInfo(UINT, LCID, ITypeInfo** info) {
 HRESULT CNorvel_OvalineCtrl::GetIDsOfNames(REFIID riid, LPOLESTR* names, UINT count, LCID, DISPID* ids) {
     if (!IsEqualIID(riid, IID_NULL)) return DISP_E_UNKNOWNINTERFACE;
     if (!names || !ids || count == 0) return E_INVALIDARG;
-    return lateIdsOfNames({names, count}, ids);
+    try {
+        return lateIdsOfNames({names, count}, ids);
+    } catch (const std::bad_alloc&) {
+        return E_OUTOFMEMORY;
+    }
 }
 
 HRESULT CNorvel_OvalineCtrl::Invoke(DISPID id, REFIID riid, LCID, WORD flags, DISPPARAMS* parameters, VARIANT* result,

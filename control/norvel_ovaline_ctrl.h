@@ -12,6 +12,7 @@
 #include "control/persistence.h"
 #include "control/text_settings.h"
 #include "geometry/layout_font.h"
+#include "output/raster.h"
 #include "platform/clock.h"
 #include "platform/module_lock.h"
 
@@ -76,7 +77,7 @@ public:
     HRESULT STDMETHODCALLTYPE GetMiscStatus(DWORD aspect, DWORD* status) override;
     HRESULT STDMETHODCALLTYPE SetColorScheme(LOGPALETTE* palette) override;
 
-    // IViewObject: the advise sink is held; drawing comes with the drawing service.
+    // IViewObject: the advise sink is held.
     HRESULT STDMETHODCALLTYPE Draw(DWORD aspect, LONG index, void* aspectInfo, DVTARGETDEVICE* device, HDC targetDc,
                                    HDC drawDc, LPCRECTL bounds, LPCRECTL windowBounds,
                                    BOOL(STDMETHODCALLTYPE* proceed)(ULONG_PTR), ULONG_PTR context) override;
@@ -108,6 +109,8 @@ private:
     /// Rebuilds the paths and the result, and asks the container for the new rectangle. Where memory does not suffice
     /// the paths are left empty.
     void Regenerate();
+    /// Takes the rectangle as the control's own and draws the preview into it. What can't be drawn is left out.
+    void OnDraw(HDC dc, const RECTL& bounds);
     /// What every regenerating operation does after it stored its value.
     void update();
     /// Runs a store and, if it stored, `update`. No exception leaves the control.
@@ -117,6 +120,8 @@ private:
     HRESULT storeOnly(Store&& store);
     using StreamWriter = bool (*)(const struct VectorJob& job, std::span<std::byte> buffer);
     HRESULT exportTo(const VARIANT& buffer, ULONG size, StreamWriter write);
+    /// Renders the paths as they are now into the raster that is held; where that fails none is held.
+    void renderHeldRaster();
 
     platform::ModuleLock moduleLock_;
     std::atomic<ULONG> references_{1};
@@ -125,6 +130,8 @@ private:
     LayoutFont font_;
     TextSettings settings_;
     KeptPaths paths_;
+    Raster raster_;                        // what the last rendering left
+    HRESULT rasterStatus_ = E_UNEXPECTED;  // S_OK where a raster is held, else why there is none: nothing rendered yet
     ContainerLink container_;
     SIZEL extent_ = kStartUpExtent;
     std::optional<SIZEL> storedExtent_;  // what the container's stream or storage holds

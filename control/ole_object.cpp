@@ -1,5 +1,9 @@
 // The control's side of IOleObject and IViewObject.
+#include <memory>
+#include <new>
+
 #include "control/norvel_ovaline_ctrl.h"
+#include "control/settings_slices.h"
 
 namespace ovaline {
 
@@ -89,9 +93,29 @@ HRESULT CNorvel_OvalineCtrl::SetColorScheme(LOGPALETTE*) {
     return E_NOTIMPL;
 }
 
-HRESULT CNorvel_OvalineCtrl::Draw(DWORD, LONG, void*, DVTARGETDEVICE*, HDC, HDC, LPCRECTL, LPCRECTL,
-                                  BOOL(STDMETHODCALLTYPE*)(ULONG_PTR), ULONG_PTR) {
-    return E_NOTIMPL;
+HRESULT CNorvel_OvalineCtrl::Draw(DWORD aspect, LONG, void*, DVTARGETDEVICE*, HDC, HDC drawDc, LPCRECTL bounds,
+                                  LPCRECTL, BOOL(STDMETHODCALLTYPE*)(ULONG_PTR), ULONG_PTR) {
+    if (aspect != DVASPECT_CONTENT) return DV_E_DVASPECT;
+    if (!bounds) return E_INVALIDARG;
+    OnDraw(drawDc, *bounds);
+    return S_OK;
+}
+
+void CNorvel_OvalineCtrl::OnDraw(HDC dc, const RECTL& bounds) {
+    settings_.ScreenLeft = static_cast<float>(bounds.left);
+    settings_.ScreenTop = static_cast<float>(bounds.top);
+    settings_.ScreenWidth = static_cast<float>(bounds.right) - static_cast<float>(bounds.left);
+    settings_.ScreenHeight = static_cast<float>(bounds.bottom) - static_cast<float>(bounds.top);
+    try {
+        const std::unique_ptr<platform::Canvas> canvas = platform::makeCanvas(dc);
+        if (!canvas) return;
+        PreviewJob job = previewJobOf(settings_, paths_, canvas->pixelsPerInch());
+        job.left = settings_.ScreenLeft;
+        job.top = settings_.ScreenTop;
+        drawPreview(job, *canvas);
+    } catch (const std::bad_alloc&) {
+        // A picture that memory does not suffice for stays as far as it was drawn.
+    }
 }
 
 HRESULT CNorvel_OvalineCtrl::GetColorSet(DWORD, LONG, void*, DVTARGETDEVICE*, HDC, LOGPALETTE**) {

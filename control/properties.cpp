@@ -144,7 +144,7 @@ HRESULT CNorvel_OvalineCtrl::put_Flatness(FLOAT value) {
     });
 }
 
-// These two change nothing that is laid out: they are stored and never rebuild.
+// These two are stored and never rebuild: the increment counts from the next regeneration on.
 
 HRESULT CNorvel_OvalineCtrl::get_SerNumIncrement(LONG* value) {
     *value = settings_.SerNumIncrement;

@@ -14,12 +14,6 @@ namespace ovaline {
 
 namespace {
 
-RectF boundsOf(const GraphicsPath& path) {
-    RectF bounds;
-    GdipGetPathWorldBounds(path, bounds);
-    return bounds;
-}
-
 /// Turns a point by `angle` degrees counter-clockwise on the screen about the centre of `box`.
 Matrix rotationMatrix(const RectF& box, float angle) {
     Matrix matrix;
@@ -68,7 +62,6 @@ public:
     RectF bounds;  ///< of the result
 
 private:
-    bool withFrame() const { return settings_.ShowAxes == FullAxes || settings_.ShowAxes == NoAxesFull; }
     float flatness() const { return unitsOf(settings_).dots(settings_.Flatness); }
 
     void buildStaticText() {
@@ -79,10 +72,9 @@ private:
         else
             ConvertToSingleStroke(text, paths.TextPath);
         GdipTransformPath(paths.TextPath, &rotation_);
-        GdipAddPathPath(paths.BoundsPath, paths.TextPath);
-        GdipAddPathPath(paths.BoundsPath, paths.FramePath);
+        const Extent before = extentOf(paths.TextPath);
         if (mirror_) GdipTransformPath(paths.TextPath, &*mirror_);
-        bounds = boundsOf(withFrame() ? paths.BoundsPath : paths.TextPath);
+        measure(before, mirror_ ? extentOf(paths.TextPath) : before);
         GdipFlattenPath(paths.TextPath, flatness());
     }
 
@@ -92,12 +84,17 @@ private:
         transform.farthest = std::max(std::abs(last.X), std::abs(last.Y));
         CopiedText copies(layout_.run, transform);
         if (!BuildComposedCopies(copyTextsOf(settings_), clock, paths.grid, copies, paths.TextPath)) return false;
-        // The curves of all copies are not kept; the line from corner to corner has their bounds.
-        Extent all = frame_;
-        all.include(copies.extent(), {});
-        if (!all.empty()) GdipAddPathLine(paths.BoundsPath, all.left, all.top, all.right, all.bottom);
-        bounds = withFrame() ? boundsOf(paths.BoundsPath) : copies.mirroredExtent().rectangle();
+        measure(copies.extent(), copies.mirroredExtent());
         return true;
+    }
+
+    /// From the text's extents before and after mirroring.
+    void measure(const Extent& before, const Extent& after) {
+        Extent all = frame_;
+        all.include(before, {});
+        // Only the bounds path's bounds are ever asked for; the line from corner to corner has them.
+        if (!all.empty()) GdipAddPathLine(paths.BoundsPath, all.left, all.top, all.right, all.bottom);
+        bounds = includesFrame(settings_.ShowAxes) ? all.rectangle() : after.rectangle();
     }
 
     const TextSettings& settings_;
@@ -151,6 +148,7 @@ Regenerated regenerate(const TextSettings& settings, platform::FontService& font
     Pass pass(settings, fonts, font, std::move(reused));
     if (!pass.build(clock)) {
         PathWriter(result.paths.TextPath).fail(OutOfMemory);
+        result.refused = true;
         return result;
     }
     BuildFill(hatchInputOf(settings), pass.paths.TextPath, pass.paths.FillPath);

@@ -107,4 +107,41 @@ VectorJob vectorJobOf(const TextSettings& settings, const KeptPaths& paths) {
     return job;
 }
 
+RasterJob rasterJobOf(const TextSettings& settings, const KeptPaths& paths) {
+    RasterJob job{paths.TextPath, paths.FillPath, frameExtent(paths)};
+    job.scale = rasterScale(settings.StepSize, settings.Width, unitsOf(settings));
+    job.showAxes = settings.ShowAxes;
+    job.outlineType = settings.OutlineType;
+    job.fontStyle = settings.FontStyle;
+    job.fillStyle = settings.FillStyle;
+    job.outlined = settings.TextOutline != 0;
+    job.invert = settings.Invert != 0;
+    job.lightInk = settings.BackGroundColor != 0;
+    return job;
+}
+
+PreviewJob previewJobOf(const TextSettings& settings, const KeptPaths& paths, float pixelsPerInch) {
+    const Units units = unitsOf(settings);
+    const auto copiesAt = [](const CopyGrid& grid) { return Copies{grid.columns, grid.rows, grid.dx, grid.dy}; };
+    PreviewJob job{paths.TextPath, paths.FillPath, paths.FramePath, paths.GuidePath};
+    job.kept = copiesAt(paths.grid);
+    job.array = copiesAt(copyGridOf(settings));
+    job.composed = settings.composed();
+    job.boxesOverlap = (settings.ArrayXDimension > 1 && settings.Width > settings.ArrayXOffset) ||
+                       (settings.ArrayYDimension > 1 && settings.Height > settings.ArrayYOffset);
+    job.pixelsPerDot = pixelsPerInch * settings.ZoomFactor / settings.ResolutionInDPI;
+    job.style.lightInk = settings.BackGroundColor != 0;
+    job.style.frameColour = settings.FrameColor;
+    job.style.guideColour = settings.GuideColor;
+    job.style.showAxes = settings.ShowAxes;
+    job.style.fontStyle = settings.FontStyle;
+    job.style.fillStyle = settings.FillStyle;
+    job.style.outlineType = settings.OutlineType;
+    job.style.invert = settings.Invert != 0;
+    job.style.outlined = settings.TextOutline != 0;
+    job.style.fillLineWidth = units.dots(settings.FillLineWidth);
+    job.style.outlineWidth = units.dots(settings.TextOutline);
+    return job;
+}
+
 }  // namespace ovaline

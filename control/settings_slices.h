@@ -5,8 +5,10 @@
 #include "control/text_settings.h"
 #include "geometry/ellipse_layout.h"
 #include "geometry/hatching.h"
+#include "output/raster.h"
 #include "output/units.h"
 #include "output/vector_stream.h"
+#include "render/preview.h"
 #include "text/copy_texts.h"
 
 namespace ovaline {
@@ -34,5 +36,10 @@ LayoutInput layoutInputOf(const TextSettings& settings);
 HatchInput hatchInputOf(const TextSettings& settings);
 
 VectorJob vectorJobOf(const TextSettings& settings, const KeptPaths& paths);
+
+RasterJob rasterJobOf(const TextSettings& settings, const KeptPaths& paths);
+
+/// The preview on a device of that many pixels per inch, without its place.
+PreviewJob previewJobOf(const TextSettings& settings, const KeptPaths& paths, float pixelsPerInch);
 
 }  // namespace ovaline

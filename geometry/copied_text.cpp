@@ -33,7 +33,7 @@ const CopiedText::Placed& CopiedText::placed(char16_t code, char16_t next, float
     }
     const TextOnPath::Placement placement = run_.place(key.advance, t);
     Placed glyph{placement.next, GraphicsPath(), Extent()};
-    if (placement.next >= 0) {
+    if (placement.fits) {
         appendTransformed(glyph.path, run_.glyph(code).outline, placement.matrix);
         GdipTransformPath(glyph.path, &transform_.rotation);
         glyph.extent = extentOf(glyph.path);

@@ -20,7 +20,7 @@ float normalised(float angle) {
 }
 
 struct Sides {
-    float left, top, right, bottom;
+    float left, top, right, bottom;  // single precision, like the rectangle they come from
 };
 
 /// Appends lines until `lineAt` has none left; takes them all back where they would not end within the limit.
@@ -48,45 +48,58 @@ private:
 };
 
 struct Slope {
-    float sine, cosine;
+    double sine, cosine;  // rounded to single precision
 };
 
 Slope slopeOf(float angle) {
     constexpr double kPi = 3.141592653589793;
     const double r = static_cast<double>(angle) * kPi / 180.0;
-    return {static_cast<float>(std::sin(r)), static_cast<float>(std::cos(r))};
+    return {static_cast<double>(static_cast<float>(std::sin(r))), static_cast<double>(static_cast<float>(std::cos(r)))};
 }
 
-// A slanted line is the set of points with y + x·sin/cos = k for one k.
+// A slanted line is the set of points with y + x·sin/cos = k for one k. The position k and the ends of the lines are
+// single precision; what lies between is computed in double precision and rounded once.
 
-void hatchRising(Family& family, Slope s, float d, const Sides& r) {
-    float k = (r.top * s.cosine + r.left * s.sine) / s.cosine;
-    const float end = (r.bottom * s.cosine + r.right * s.sine - d) / s.cosine;
-    const float step = d / s.cosine;
-    while (k < end) {
+PointF onUpright(double x, double k, Slope s) {
+    return {static_cast<float>(x), static_cast<float>(k - x * s.sine / s.cosine)};
+}
+
+PointF onLevel(double y, double k, Slope s) {
+    return {static_cast<float>((k - y) * s.cosine / s.sine), static_cast<float>(y)};
+}
+
+void hatchRising(Family& family, Slope s, double d, const Sides& r) {
+    const double start = (r.top * s.cosine + r.left * s.sine) / s.cosine;
+    const float end = static_cast<float>((r.bottom * s.cosine + r.right * s.sine - d) / s.cosine);
+    const double step = d / s.cosine;
+    if (!(start < end)) return;
+    float k = static_cast<float>(start);
+    do {
         const float last = k;
-        k = k + step;
-        PointF from{r.left, k - r.left * s.sine / s.cosine};
-        if (from.Y > r.bottom) from = {(k - r.bottom) * s.cosine / s.sine, r.bottom};
-        PointF to{(k - r.top) * s.cosine / s.sine, r.top};
-        if (to.X > r.right) to = {r.right, k - r.right * s.sine / s.cosine};
+        k = static_cast<float>(k + step);
+        PointF from = onUpright(r.left, k, s);
+        if (from.Y > r.bottom) from = onLevel(r.bottom, k, s);
+        PointF to = onLevel(r.top, k, s);
+        if (to.X > r.right) to = onUpright(r.right, k, s);
         if (!family.add(from, to, k > last)) return;
-    }
+    } while (k < end);
 }
 
-void hatchFalling(Family& family, Slope s, float d, const Sides& r) {
-    float k = r.bottom + r.left * s.sine / s.cosine;
-    const float end = r.top + (r.right * s.sine - d) / s.cosine;
-    const float step = d / s.cosine;
-    while (k > end) {
+void hatchFalling(Family& family, Slope s, double d, const Sides& r) {
+    const double start = r.bottom + r.left * s.sine / s.cosine;
+    const float end = static_cast<float>(r.top + (r.right * s.sine - d) / s.cosine);
+    const double step = d / s.cosine;
+    if (!(start > end)) return;
+    float k = static_cast<float>(start);
+    do {
         const float last = k;
-        k = k + step;
-        PointF from{r.left, k - r.left * s.sine / s.cosine};
-        if (from.Y < r.top) from = {(k - r.top) * s.cosine / s.sine, r.top};
-        PointF to{(k - r.bottom) * s.cosine / s.sine, r.bottom};
-        if (to.X > r.right) to = {r.right, k - r.right * s.sine / s.cosine};
+        k = static_cast<float>(k + step);
+        PointF from = onUpright(r.left, k, s);
+        if (from.Y < r.top) from = onLevel(r.top, k, s);
+        PointF to = onLevel(r.bottom, k, s);
+        if (to.X > r.right) to = onUpright(r.right, k, s);
         if (!family.add(from, to, k < last)) return;
-    }
+    } while (k > end);
 }
 
 void hatchVertical(Family& family, float d, const Sides& r) {

@@ -36,19 +36,19 @@ float TextOnPath::advanceOf(char16_t code, char16_t next) {
 }
 
 TextOnPath::Placement TextOnPath::place(float advance, float t) const {
-    if (advance == 0) return {{}, -1};
+    if (advance == 0) return {};
     const float end = baseline_.AdvanceByChord(t, advance);
-    if (!(end >= 0)) return {{}, -1};
+    if (!(end >= 0)) return {};
     const PointF a = baseline_.PointAtParameter(t);
     const PointF b = baseline_.PointAtParameter(end);
     const float cosine = (b.X - a.X) / advance;
     const float sine = (b.Y - a.Y) / advance;
-    return {{cosine, sine, -sine, cosine, a.X, a.Y}, end + spacingStep_ / 10.0f};
+    return {{cosine, sine, -sine, cosine, a.X, a.Y}, true, end + spacingStep_ / 10.0f};
 }
 
 float TextOnPath::PlaceGlyph(char16_t code, char16_t next, GraphicsPath& target, float t) {
     const Placement placement = place(advanceOf(code, next), t);
-    if (placement.next >= 0) appendTransformed(target, glyph(code).outline, placement.matrix);
+    if (placement.fits) appendTransformed(target, glyph(code).outline, placement.matrix);
     return placement.next;
 }
 

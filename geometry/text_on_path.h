@@ -13,8 +13,7 @@ namespace ovaline {
 /// last, until `visit` answers false. A text ends at its first zero, as a string does for the host.
 template <typename Visit>
 void forEachCharacter(std::u16string_view text, Visit&& visit) {
-    text = text.substr(0, text.find(u'\0'));
-    for (std::size_t i = 0; i < text.size();) {
+    for (std::size_t i = 0; i < text.size() && text[i] != u'\0';) {
         const std::size_t following = platform::charNext(text, i);
         if (!visit(text[i], following < text.size() ? text[following] : u'\0')) return;
         i = following;
@@ -41,8 +40,9 @@ public:
 
     /// Where the glyph of a character goes.
     struct Placement {
-        Matrix matrix;   ///< from the glyph's own coordinates to the baseline
-        float next = 0;  ///< parameter for the glyph after it; negative where there is no place for this one
+        Matrix matrix;      ///< from the glyph's own coordinates to the baseline
+        bool fits = false;  ///< whether the rest of the baseline is long enough
+        float next = -1;    ///< parameter for the glyph after it; negative where the layout ends
     };
     /// The place at parameter `t` of a glyph whose pen moves by `advance` dots.
     Placement place(float advance, float t) const;
@@ -51,7 +51,7 @@ public:
     const GlyphOutline& glyph(char16_t code) { return font_.glyph(code); }
 
     /// Lays one glyph at parameter `t`, its origin and the end of its advance on the baseline, and returns the
-    /// parameter for the next; negative where the layout ends, and then nothing was placed.
+    /// parameter for the next; negative where the layout ends, which is before this glyph where it does not fit.
     float PlaceGlyph(char16_t code, char16_t next, GraphicsPath& target, float t);
 
     /// Appends the glyph of `code` at the pen to `target`, if there is one, and moves the pen by the advance and by the

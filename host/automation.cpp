@@ -5,6 +5,8 @@
 #include <nlohmann/json.hpp>
 
 #include "host/automation_calls.h"
+#include "host/automation_draw.h"
+#include "host/automation_registry.h"
 #include "host/failure.h"
 #include "host/json_values.h"
 #include "host/members.h"
@@ -14,10 +16,10 @@ namespace ovaline::host {
 
 namespace {
 
-constexpr std::array<std::string_view, 3> kVerbs = {"put", "get", "call"};
+constexpr std::array<std::string_view, 7> kVerbs = {"put", "get", "call", "draw", "lang", "registry", "register"};
 
-/// Lines of the protocol that this version does not serve; "page" comes first, for its lines may hold "draw" too.
-constexpr std::array<std::string_view, 5> kLaterVerbs = {"page", "draw", "lang", "registry", "register"};
+/// Lines of the protocol that this version does not serve. Looked for first: lines with "page" may hold "draw" too.
+constexpr std::array<std::string_view, 1> kLaterVerbs = {"page"};
 
 std::string_view verbOf(const Json& request) {
     if (!request.is_object()) throw Failure("a line is one JSON object");
@@ -26,10 +28,10 @@ std::string_view verbOf(const Json& request) {
     std::string_view found;
     for (const std::string_view verb : kVerbs) {
         if (!request.contains(verb)) continue;
-        if (!found.empty()) throw Failure("a line holds one of put, get and call");
+        if (!found.empty()) throw Failure("a line holds one of put, get, call, draw, lang, registry and register");
         found = verb;
     }
-    if (found.empty()) throw Failure("a line holds put, get or call");
+    if (found.empty()) throw Failure("a line holds put, get, call, draw, lang, registry or register");
     return found;
 }
 
@@ -62,6 +64,7 @@ HostedControl& Automation::controlFor(const Json& request) {
 
 std::string Automation::answerTo(const Json& request) {
     const std::string_view verb = verbOf(request);
+    if (isRegistryVerb(verb)) return answerRegistryLine(verb, request, *registry_);
     const std::string& name = textMember(request, verb);
     AnswerLine answer;
     if (verb == "put") {
@@ -82,6 +85,10 @@ std::string Automation::answerTo(const Json& request) {
         answer.status(hr);
         if (SUCCEEDED(hr)) appendValue(answer.member("value"), value[0]);
         appendEvents(answer, control.takeEvents());
+    } else if (verb == "draw") {
+        performDraw(
+            request, [&]() -> HostedControl& { return controlFor(request); }, answer);
+        appendEvents(answer, controlFor(request).takeEvents());
     } else {
         const Member& method = findMethod(name);
         const auto table = [&]() -> INorvel_OvalineCtrlTable& { return controlFor(request).table(); };

@@ -8,13 +8,15 @@
 
 #include "host/control_host.h"
 #include "host/json_text.h"
+#include "platform/registry.h"
 
 namespace ovaline::host {
 
 /// The controls of one run and the answers to its lines.
 class Automation {
 public:
-    explicit Automation(ModuleSource module) : module_(std::move(module)) {}
+    explicit Automation(ModuleSource module, platform::Registry& registry = platform::systemRegistry())
+        : module_(std::move(module)), registry_(&registry) {}
 
     /// The answer to one line, without its newline. A line that is not understood is answered with an "error".
     std::string answer(std::string_view line);
@@ -27,6 +29,7 @@ private:
     HostedControl& controlFor(const Json& request);
 
     ModuleSource module_;
+    platform::Registry* registry_;
     std::map<std::string, std::unique_ptr<HostedControl>> controls_;
     bool understoodAll_ = true;
 };

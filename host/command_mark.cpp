@@ -28,7 +28,8 @@ std::filesystem::path numbered(const std::filesystem::path& file, int run) {
     return file.parent_path() / name;
 }
 
-void write(const Result& result, const Marking& marking, Format format, const MarkOptions& options, Sink& sink) {
+void write(MarkingSession& session, const Result& result, const Marking& marking, Format format,
+           const MarkOptions& options, Sink& sink) {
     switch (format) {
         case Format::Stream:
             sink.append({reinterpret_cast<const char*>(result.stream.bytes().data()), result.stream.bytes().size()});
@@ -45,11 +46,26 @@ void write(const Result& result, const Marking& marking, Format format, const Ma
         case Format::Gcode:
             writeGcode(marking, {options.feed, options.power}, sink);
             break;
+        case Format::Png:
+            sink.append(session.draw(platform::PictureKind::Png, options.picturePixelsPerInch));
+            break;
+        case Format::Pdf:
+            sink.append(session.draw(platform::PictureKind::Pdf, options.picturePixelsPerInch));
+            break;
+        case Format::Pbm:
+            writePbm(*result.raster, sink);
+            break;
     }
 }
 
 std::string counted(std::size_t count, const char* one, const char* many) {
     return std::to_string(count) + " " + (count == 1 ? one : many);
+}
+
+std::string describe(const RasterPicture& raster, double step) {
+    std::string line = std::to_string(raster.columns()) + " x " + std::to_string(raster.rows()) + " pixels of ";
+    appendMillimetres(line, step / 1000);
+    return line + " mm, " + std::to_string(raster.darkPixels()) + " dark";
 }
 
 std::string summary(const std::string& name, const Result& result, const Marking& marking, Format format,
@@ -62,6 +78,7 @@ std::string summary(const std::string& name, const Result& result, const Marking
     if (!holdsAllCopies(format) && marking.copies.size() > 1) line += " (one in the file, the host repeats it)";
     line += ", ";
     if (result.glyphs) line += counted(*result.glyphs * result.copies, "glyph", "glyphs") + ", ";
+    if (result.raster) return line + describe(*result.raster, options.step) + "\n";
     line += counted(totals.figures, "figure", "figures") + ", " +
             counted(totals.hatchLines, "hatch line", "hatch lines") + ", ";
     appendRounded(line, totals.marked, 1);
@@ -100,13 +117,19 @@ Marking markingOf(const Result& result) {
     return readMarking(result.stream.bytes(), result.placement);
 }
 
+Result readResult(MarkingSession& session, Format format, const MarkOptions& options) {
+    Result result = session.read();
+    if (format == Format::Pbm) result.raster = session.raster(options.step);
+    return result;
+}
+
 void markToStandardOutput(MarkingSession& session, Format format, const MarkOptions& options) {
     if (options.printTexts) std::fputs(session.texts().c_str(), stderr);
-    const Result result = session.read();
+    const Result result = readResult(session, format, options);
     const Marking marking = markingOf(result);
     checkInterrupted();
     StandardOutput sink;
-    write(result, marking, format, options, sink);
+    write(session, result, marking, format, options, sink);
     sink.flush();
     if (!options.quiet) std::fputs(summary("standard output", result, marking, format, options).c_str(), stderr);
 }
@@ -128,10 +151,10 @@ void markToFiles(MarkingSession& session, Format format, const MarkOptions& opti
         for (int run = 1; run <= runs; ++run) {
             const std::filesystem::path path = options.advance ? numbered(target, run) : target;
             if (options.printTexts) print(session.texts());
-            const Result result = session.read();
+            const Result result = readResult(session, format, options);
             const Marking marking = markingOf(result);
             files.push_back(std::make_unique<OutputFile>(path));
-            write(result, marking, format, options, *files.back());
+            write(session, result, marking, format, options, *files.back());
             files.back()->close();
             if (!options.quiet) report += summary(path.string(), result, marking, format, options);
             if (options.advance) session.advance();

@@ -19,9 +19,11 @@ struct MarkOptions {
     double travelSpeed = 2000;    ///< millimetres per second between strokes
     double feed = 1500;           ///< G-code: millimetres per minute while marking
     int power = 300;              ///< G-code: S word while marking, 0 to 1000
-    std::optional<int> advance;   ///< number of runs with a serial number each
-    bool printTexts = false;      ///< the text of every copy, before it is marked
-    bool quiet = false;           ///< no summary of what is marked
+    double picturePixelsPerInch = 300;
+    double step = 40;  ///< side of a raster's pixel in micrometres
+    std::optional<int> advance;  ///< number of runs with a serial number each
+    bool printTexts = false;     ///< the text of every copy, before it is marked
+    bool quiet = false;          ///< no summary of what is marked
 };
 
 /// The marking speed that the time is stated for where none is given, in millimetres per second.
@@ -41,6 +43,9 @@ struct DateOptions {
 
 /// Prints what a date pattern gives. No control is asked: it gives no text back.
 int dateCommand(const DateOptions& options);
+
+/// Registers the module beside the program, or removes its registration, and says where.
+int registerCommand(bool registered);
 
 int fontsCommand(bool asJson);
 int propertiesCommand(bool asJson, const ModuleSource& module);

@@ -12,13 +12,6 @@ namespace {
 using platform::ComPtr;
 using platform::query;
 
-std::string hexadecimal(HRESULT hr) {
-    std::array<char, 8> digits{};
-    const auto end =
-        std::to_chars(digits.data(), digits.data() + digits.size(), static_cast<std::uint32_t>(hr), 16).ptr;
-    return "0x" + std::string(digits.data(), end);
-}
-
 template <typename Interface>
 ComPtr<Interface> queryOrFail(IUnknown* object, REFIID iid, const char* name) {
     ComPtr<Interface> found = query<Interface>(object, iid);
@@ -29,17 +22,16 @@ ComPtr<Interface> queryOrFail(IUnknown* object, REFIID iid, const char* name) {
 
 }  // namespace
 
-platform::GetClassObject loadControlModule() {
-    const auto path = platform::programFolder() / platform::moduleFileName();
-    const auto loaded = platform::loadModule(path);
-    if (const auto* reason = std::get_if<std::string>(&loaded))
-        throw Failure("the control's module does not load, " + *reason + ", put it beside the program");
-    return std::get<platform::GetClassObject>(loaded);
+std::string statusText(HRESULT hr) {
+    std::array<char, 8> digits{};
+    const auto end =
+        std::to_chars(digits.data(), digits.data() + digits.size(), static_cast<std::uint32_t>(hr), 16).ptr;
+    return "0x" + std::string(digits.data(), end);
 }
 
 void require(HRESULT hr, std::string_view operation) {
     if (hr == E_NOTIMPL) throw Failure(std::string(operation) + " is not available in this version of the control");
-    if (FAILED(hr)) throw Failure(std::string(operation) + " failed with status " + hexadecimal(hr));
+    if (FAILED(hr)) throw Failure(std::string(operation) + " failed with status " + statusText(hr));
 }
 
 HostedControl::HostedControl(platform::GetClassObject getClassObject)
@@ -51,14 +43,14 @@ HostedControl::HostedControl(platform::GetClassObject getClassObject)
     require(factory->CreateInstance(nullptr, IID_INorvel_OvalineCtrl, &object), "creating a control");
     control_ = ComPtr<INorvel_OvalineCtrl>::adopt(static_cast<INorvel_OvalineCtrl*>(object));
     const auto ole = queryOrFail<IOleObject>(control_.get(), IID_IOleObject, "IOleObject");
-    const auto view = queryOrFail<IViewObject>(control_.get(), IID_IViewObject, "IViewObject");
+    view_ = queryOrFail<IViewObject>(control_.get(), IID_IViewObject, "IViewObject");
     require(ole->SetClientSite(site_.get()), "IOleObject::SetClientSite");
-    require(view->SetAdvise(DVASPECT_CONTENT, 0, site_.get()), "IViewObject::SetAdvise");
+    require(view_->SetAdvise(DVASPECT_CONTENT, 0, site_.get()), "IViewObject::SetAdvise");
 }
 
 HostedControl::~HostedControl() {
     // The control holds references to its site and the site's owner holds the control: the host cuts the circle.
-    if (const auto view = query<IViewObject>(control_.get(), IID_IViewObject)) view->SetAdvise(0, 0, nullptr);
+    view_->SetAdvise(0, 0, nullptr);
     if (const auto ole = query<IOleObject>(control_.get(), IID_IOleObject)) ole->SetClientSite(nullptr);
 }
 

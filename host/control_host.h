@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <memory>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -15,8 +16,8 @@ namespace ovaline::host {
 /// Gives the module's class-object export when a control is needed; throws Failure where there is no module.
 using ModuleSource = std::function<platform::GetClassObject()>;
 
-/// The class-object export of the module beside the program. Throws Failure where there is none.
-platform::GetClassObject loadControlModule();
+/// A status code as people know it: in hexadecimal digits.
+std::string statusText(HRESULT hr);
 
 /// Throws Failure naming the operation where it failed.
 void require(HRESULT hr, std::string_view operation);
@@ -32,11 +33,15 @@ public:
     /// The control's table of operations with the accessors behind it that no type library describes.
     INorvel_OvalineCtrlTable& table() { return static_cast<INorvel_OvalineCtrlTable&>(*control_.get()); }
 
+    /// The control as something that draws itself.
+    IViewObject& view() { return *view_.get(); }
+
     /// What the control reported to its container since the last time, in order.
     std::vector<Event> takeEvents() { return site_->takeEvents(); }
 
 private:
     platform::ComPtr<INorvel_OvalineCtrl> control_;
+    platform::ComPtr<IViewObject> view_;
     platform::ComPtr<ContainerSite> site_;
 };
 

@@ -15,14 +15,14 @@ struct NamedFormat {
     Format format;
 };
 
-constexpr std::array<NamedFormat, 5> kFormats = {{{"ovl", Format::Stream},
+constexpr std::array<NamedFormat, 8> kFormats = {{{"ovl", Format::Stream},
                                                   {"json", Format::Records},
                                                   {"svg", Format::Svg},
                                                   {"dxf", Format::Dxf},
-                                                  {"gcode", Format::Gcode}}};
-
-/// Formats of pictures, which the control itself would have to draw.
-constexpr std::array<std::string_view, 3> kDrawnFormats = {"png", "pdf", "pbm"};
+                                                  {"gcode", Format::Gcode},
+                                                  {"png", Format::Png},
+                                                  {"pdf", Format::Pdf},
+                                                  {"pbm", Format::Pbm}}};
 
 char lowered(char c) {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
@@ -34,8 +34,6 @@ Format formatOf(std::string_view name) {
     std::string wanted(name);
     std::ranges::transform(wanted, wanted.begin(), lowered);
     const std::string choose = ", choose one of " + std::string(kFormatNames);
-    if (std::ranges::find(kDrawnFormats, wanted) != kDrawnFormats.end())
-        throw Failure("the control does not draw in this version, so there is no " + wanted + choose);
     const auto found = std::ranges::find(kFormats, wanted, &NamedFormat::name);
     if (found == kFormats.end())
         throw Failure((name.empty() ? "no format is given" : "there is no format " + std::string(name)) + choose);

@@ -5,6 +5,7 @@
 #include <new>
 
 #include "host/commands.h"
+#include "host/control_module.h"
 #include "host/control_host.h"
 #include "host/failure.h"
 #include "host/formats.h"
@@ -18,12 +19,12 @@ using ovaline::host::MarkOptions;
 
 constexpr int kFailed = 2;
 
-/// A speed or feed: positive, and nothing that a time computed from it could choke on.
-std::string checkSpeed(const std::string& text) {
+/// A speed, feed or length: positive, and nothing that a time computed from it could choke on.
+std::string checkPositive(const std::string& text) {
     double value = 0;
-    constexpr double kFastest = 1e9;
+    constexpr double kLargest = 1e9;
     const bool isNumber = CLI::detail::lexical_cast(text, value);
-    return isNumber && value > 0 && value <= kFastest ? std::string() : "takes a positive number, not " + text;
+    return isNumber && value > 0 && value <= kLargest ? std::string() : "takes a positive number, not " + text;
 }
 
 class CommandLine {
@@ -35,6 +36,7 @@ public:
         addRun();
         addDate();
         addLists();
+        addRegistration();
         addHelp();
     }
 
@@ -51,6 +53,8 @@ public:
         if (date_->parsed()) return ovaline::host::dateCommand(dateOptions_);
         if (fonts_->parsed()) return ovaline::host::fontsCommand(asJson_);
         if (properties_->parsed()) return ovaline::host::propertiesCommand(asJson_, ovaline::host::loadControlModule);
+        if (register_->parsed()) return ovaline::host::registerCommand(true);
+        if (unregister_->parsed()) return ovaline::host::registerCommand(false);
         return help();
     }
 
@@ -69,13 +73,17 @@ private:
         mark_
             ->add_option("--speed", markOptions_.speed,
                          "mm/s while marking, for the time stated [500; G-code: the feed]")
-            ->check(checkSpeed);
+            ->check(checkPositive);
         mark_
             ->add_option("--travel-speed", markOptions_.travelSpeed, "mm/s between strokes, for the time stated [2000]")
-            ->check(checkSpeed);
-        mark_->add_option("--feed", markOptions_.feed, "G-code: mm/min while marking [1500]")->check(checkSpeed);
+            ->check(checkPositive);
+        mark_->add_option("--feed", markOptions_.feed, "G-code: mm/min while marking [1500]")->check(checkPositive);
         mark_->add_option("--power", markOptions_.power, "G-code: S word while marking, 0 to 1000 [300]")
             ->check(CLI::Range(0, 1000));
+        mark_->add_option("--dpi", markOptions_.picturePixelsPerInch, "png, pdf: pixels per inch, 10 to 10000 [300]")
+            ->check(CLI::Range(10, 10000));
+        mark_->add_option("--step", markOptions_.step, "pbm: side of a pixel in micrometres [40]")
+            ->check(checkPositive);
         mark_
             ->add_option("--advance", markOptions_.advance, "N runs, the serial number moved on after each: FILE-1 ...")
             ->check(CLI::Range(1, 1000000));
@@ -104,6 +112,11 @@ private:
         properties_->add_flag("--json", asJson_, "As JSON");
     }
 
+    void addRegistration() {
+        register_ = app_.add_subcommand("register", "Register the control of the module beside the program");
+        unregister_ = app_.add_subcommand("unregister", "Remove that registration");
+    }
+
     void addHelp() {
         help_ = app_.add_subcommand("help", "Explain the program or a command");
         help_->add_option("COMMAND", helpTopic_, "Command");
@@ -129,6 +142,8 @@ private:
     CLI::App* date_ = nullptr;
     CLI::App* fonts_ = nullptr;
     CLI::App* properties_ = nullptr;
+    CLI::App* register_ = nullptr;
+    CLI::App* unregister_ = nullptr;
     CLI::App* help_ = nullptr;
     MarkOptions markOptions_;
     DateOptions dateOptions_;

@@ -27,7 +27,7 @@ std::vector<std::string> MarkingSession::warnings() {
 
 Result MarkingSession::read() {
     INorvel_OvalineCtrlTable& control = control_.table();
-    Result result{readVectorStream(control, &INorvel_OvalineCtrl::GetVectorData, "GetVectorData"), {}, {}, {}};
+    Result result{readVectorStream(control, &INorvel_OvalineCtrl::GetVectorData, "GetVectorData"), {}, {}, {}, {}};
     result.glyphs = glyphsOf(control);
     // Offsets and widths are read in millimetres, whatever the job's unit: an inch's four decimals are too coarse.
     require(control.SetMeasurement(kMillimetres), "SetMeasurement");
@@ -35,6 +35,16 @@ Result MarkingSession::read() {
     result.widths = readWidths();
     require(control.SetMeasurement(job_.inches ? kInches : kMillimetres), "SetMeasurement");
     return result;
+}
+
+std::string MarkingSession::draw(platform::PictureKind kind, double pixelsPerInch) {
+    PictureRequest request;
+    request.kind = kind;
+    request.rectangle = wholeResult(control_, pixelsPerInch);
+    request.pixelsPerInch = static_cast<float>(pixelsPerInch);
+    DrawnPicture drawn = drawPicture(control_, request);
+    require(drawn.hr, "drawing the preview");
+    return std::move(drawn.file);
 }
 
 Array MarkingSession::readArray() {

@@ -6,6 +6,8 @@
 #include "host/control_host.h"
 #include "host/job.h"
 #include "host/marking.h"
+#include "host/raster.h"
+#include "host/picture.h"
 #include "host/vector_stream.h"
 #include "host/writers.h"
 
@@ -17,6 +19,7 @@ struct Result {
     Placement placement;
     LineWidths widths;
     std::optional<std::size_t> glyphs;  ///< that one copy marks, where all copies have the same text
+    std::optional<RasterPicture> raster;  ///< where the format asks for it
     std::size_t copies = 1;  ///< copies of the array, whether the stream holds them or the host repeats the one in it
 };
 
@@ -31,6 +34,12 @@ public:
     std::vector<std::string> warnings();
 
     Result read();
+
+    /// The result with pixels of `step` micrometres.
+    RasterPicture raster(double step) { return readRaster(control_.table(), step); }
+
+    /// The preview of the whole result, as the bytes of a file.
+    std::string draw(platform::PictureKind kind, double pixelsPerInch);
 
     /// A line for each copy with its text.
     std::string texts();

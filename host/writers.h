@@ -5,6 +5,7 @@
 #include <span>
 
 #include "host/marking.h"
+#include "host/raster.h"
 #include "host/sink.h"
 
 namespace ovaline::host {
@@ -23,6 +24,9 @@ struct MachineSettings {
 void writeSvg(const Marking& marking, const LineWidths& widths, Sink& sink);
 void writeDxf(const Marking& marking, Sink& sink);
 void writeGcode(const Marking& marking, const MachineSettings& machine, Sink& sink);
+
+/// `picture` has rows and columns.
+void writePbm(const RasterPicture& picture, Sink& sink);
 
 /// The records of a stream as JSON text; `stream` ends with its end record.
 void writeRecords(std::span<const std::byte> stream, double dotsPerMillimetre, Sink& sink);

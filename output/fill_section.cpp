@@ -45,13 +45,13 @@ struct Reach {
     LineRange lines;
 };
 
-struct Extent {
+struct Sizes {
     double largest = 0;
     double longestEdge = 0;
 };
 
-Extent measure(std::span<const Segment> edges, std::span<const Segment> hatch) {
-    Extent extent;
+Sizes measure(std::span<const Segment> edges, std::span<const Segment> hatch) {
+    Sizes extent;
     const auto include = [&extent](const Segment& s) {
         for (const float value : {s.from.X, s.from.Y, s.to.X, s.to.Y})
             if (!(std::abs(value) <= extent.largest)) extent.largest = std::abs(value);
@@ -156,7 +156,7 @@ private:
 }  // namespace
 
 void writeFillSection(std::span<const Segment> edges, std::span<const Segment> hatch, RecordSink& sink) {
-    const Extent extent = measure(edges, hatch);
+    const Sizes extent = measure(edges, hatch);
     FillWriter writer(edges, sink);
     for (std::size_t done = 0; done < hatch.size() && sink.fits();) {
         const HatchFamily family(hatch.subspan(done), extent.largest, extent.longestEdge);

@@ -24,9 +24,8 @@ std::uint64_t figureCount(const GraphicsPath& path) {
 
 /// A copy of `path` moved so that the corner of the export's bounds is at the origin.
 GraphicsPath shifted(const VectorJob& job, const GraphicsPath& path) {
-    const bool withFrame = job.showAxes == FullAxes || job.showAxes == NoAxesFull;
     RectF bounds;
-    if (withFrame)
+    if (includesFrame(job.showAxes))
         bounds = job.frame;
     else
         GdipGetPathWorldBounds(job.text, bounds);

@@ -5,10 +5,10 @@ set -euo pipefail
 
 packages=(
     g++ cmake ninja-build pkg-config clang-format
-    libfreetype-dev libfontconfig-dev libcli11-dev nlohmann-json3-dev
+    libfreetype-dev libfontconfig-dev libcairo2-dev libcli11-dev nlohmann-json3-dev
     libgtest-dev libgmock-dev libbenchmark-dev
     fonts-liberation fonts-dejavu-core
-    python3 python3-fonttools python3-shapely
+    python3 python3-fonttools python3-numpy python3-shapely
     librsvg2-bin
 )
 if [ "${1:-}" = windows ]; then

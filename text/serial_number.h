@@ -29,8 +29,7 @@ std::u16string serialDisplayForm(std::u16string_view serial, std::int32_t type, 
 ///   unsigned 64-bit number, has reached 10^`digits`: a negative value counts as one that has. `digits` 0 or less never
 ///   starts over, nor does 20 or more, where no 64-bit number reaches the limit. Plain decimal, no leading zeros.
 /// - Any other type counts as alphanumeric, without regard to `digits`. Digits count 0..9 and capital letters A..Z,
-/// each
-///   carrying into the position before it; a carry out of the first position is lost. Every other code unit, when it is
+///   each carrying into the position before it; a carry out of the first position is lost. Every other code unit, when it is
 ///   added to, becomes the next one (0 follows 0xFFFF). Two texts are stepped otherwise: all nines become 'A' and
 ///   zeros, and "Z...Z9", and "9" alone, end in 'A' instead. An empty text stays empty.
 std::u16string StepSerialNumber(std::u16string_view serial, std::int32_t type, std::int32_t digits);

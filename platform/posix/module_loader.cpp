@@ -2,6 +2,8 @@
 
 #include <dlfcn.h>
 
+#include <type_traits>
+
 namespace ovaline::platform {
 
 std::filesystem::path programFolder() {
@@ -14,16 +16,25 @@ std::string moduleFileName() {
     return "Norvel_Ovaline.so";
 }
 
-std::variant<GetClassObject, std::string> loadModule(const std::filesystem::path& path) {
+std::variant<ModuleExports, std::string> loadModule(const std::filesystem::path& path) {
     // An absolute path keeps the loader from searching its own folders for a file of the same name.
     std::error_code failed;
     const std::filesystem::path file = std::filesystem::absolute(path, failed);
     if (failed) return failed.message();
     void* module = dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL);
     if (!module) return std::string(dlerror());
-    void* symbol = dlsym(module, "DllGetClassObject");
-    if (!symbol) return file.string() + " has no DllGetClassObject";
-    return reinterpret_cast<GetClassObject>(symbol);
+    ModuleExports exports{};
+    const char* missing = nullptr;
+    const auto find = [&](auto& function, const char* name) {
+        void* symbol = dlsym(module, name);
+        if (!symbol) missing = name;
+        function = reinterpret_cast<std::remove_reference_t<decltype(function)>>(symbol);
+    };
+    find(exports.getClassObject, "DllGetClassObject");
+    find(exports.registerServer, "DllRegisterServer");
+    find(exports.unregisterServer, "DllUnregisterServer");
+    if (missing) return file.string() + " has no " + missing;
+    return exports;
 }
 
 }  // namespace ovaline::platform

@@ -202,8 +202,9 @@ TEST_F(ComposedCopies, TooManyPointsLeaveThePathsEmpty) {
     settings.ArrayXDimension = settings.ArrayYDimension = 255;
     settings.Flatness = 1;
     settings.Width = settings.Height = 2e6f;
-    settings.SerialNumPrefix = std::u16string(60, u'N');
+    settings.SerialNumPrefix = std::u16string(120, u'N');
     const Regenerated refused = build();
+    EXPECT_TRUE(refused.refused);
     EXPECT_TRUE(refused.paths.TextPath.empty() && refused.paths.FramePath.empty() && refused.paths.FillPath.empty());
     EXPECT_EQ(refused.paths.TextPath.status(), OutOfMemory);
     EXPECT_EQ(refused.resultRight, 0);

@@ -252,6 +252,22 @@ TEST_F(ControlTest, SetIncrementMovesTheStartOn) {
     control->SetAdvise(0, 0, nullptr);
 }
 
+// What memory cannot hold leaves the paths empty; the sizes stay, so that a later scaling still has what it scales by.
+TEST_F(ControlTest, ARefusedPassKeepsTheSizes) {
+    control->SetDefaultSize(0);
+    const float right = settings().ResultRight, width = settings().ScreenWidth;
+    control->SetUpdateFlag(0);
+    control->put_SerialNumEnable(VARIANT_TRUE);
+    control->put_SerialNumPrefix(Text(std::u16string(400, u'A')));
+    control->put_ArrayXDimension(255);
+    control->put_ArrayYDimension(255);
+    control->SetActualSize(0, 0, 2000000, 2000000);
+    control->SetUpdateFlag(1);
+    EXPECT_TRUE(paths().TextPath.empty());
+    EXPECT_EQ(settings().ResultRight, right);
+    EXPECT_EQ(settings().ScreenWidth, width);
+}
+
 TEST_F(ControlTest, VectorDataGoesThroughTheBufferAddress) {
     control->SetDefaultSize(0);
     ULONG size = 0;

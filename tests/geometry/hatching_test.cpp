@@ -29,11 +29,12 @@ TEST(Hatch, SlantedLinesRunFromTheLeftWithinTheArea) {
         float angle;
         bool rising;
     };
-    for (const Row row : {Row{45, true}, Row{10, true}, Row{80, true}, Row{135, false}, Row{100, false}}) {
+    for (const Row row : {Row{45, true}, Row{10, true}, Row{80, true}, Row{2, true}, Row{135, false}, Row{100, false},
+                          Row{178, false}}) {
         GraphicsPath path;
         const RectF area{100, 200, 300, 150};
         HatchRectangle(path, row.angle, 7, area);
-        ASSERT_GT(path.size(), 20u);
+        ASSERT_GT(path.size(), 20u) << row.angle;
         ASSERT_EQ(path.size() % 2, 0u);
         const double radians = row.angle * std::acos(-1.0) / 180;
         double last = 0;

@@ -135,13 +135,24 @@ TEST_F(EllipseLayout, ATextTooLongIsCutAfterOneTurn) {
     input.text = u"ABCDEFGHIJKLMNOPQRSTUVWXYZABCDEFGHIJKLMNOPQRSTUVWXYZABCDEFGHIJKLMNOPQRSTUVWXYZ";
     const LayoutPaths paths = lay();
     const std::size_t glyphs = paths.text.size() / 4;
-    // The circumference of semi-axes 500 and 300 is 2552.7 (Ramanujan's second formula); the inscribed polyline with its
-    // sagitta of 2.5 is 5 shorter.
+    // The circumference of semi-axes 500 and 300 is 2552.7 (Ramanujan's second formula); the inscribed polyline with
+    // its sagitta of 2.5 is 5 shorter.
     EXPECT_EQ(glyphs, static_cast<std::size_t>((2552.7 - 5) / 50));
     for (std::size_t i = 0; i < glyphs; ++i) {
         const PointF origin = paths.text.points()[4 * i];
         ASSERT_NEAR(std::hypot((origin.X - 500) / 500, (origin.Y - 300) / 300), 1, kRoom / 300);
     }
+}
+
+// A spacing below zero may carry the next glyph before the start; the one that was placed stays.
+TEST_F(EllipseLayout, NegativeSpacingEndsTheTextBehindAPlacedGlyph) {
+    input.text = u"ABC";
+    input.spacing = -30;
+    EXPECT_EQ(lay().text.size(), 4u);
+    input.spacing = -0.2f;
+    EXPECT_EQ(lay().text.size(), 12u);
+    input.spacing = std::numeric_limits<float>::quiet_NaN();
+    EXPECT_EQ(lay().text.size(), 4u);
 }
 
 TEST_F(EllipseLayout, CharactersWithoutAdvanceEndTheText) {

@@ -93,6 +93,7 @@ public:
     HRESULT STDMETHODCALLTYPE GetOutlineData(VARIANT data, ULONG size) override {
         return write(fake().stream, data, size);
     }
+    HRESULT STDMETHODCALLTYPE SetStepSize(FLOAT) override { return S_OK; }
     HRESULT STDMETHODCALLTYPE GetRasterDataSize(LONG* size) override {
         *size = static_cast<LONG>(fake().raster.size() + 62);
         return S_OK;

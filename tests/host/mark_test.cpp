@@ -202,8 +202,23 @@ TEST_F(MarkTest, FilesAreReplacedWholeOrLeftAlone) {
 }
 
 TEST_F(MarkTest, FormatsThatAreNotWritten) {
-    for (const char* name : {"a.png", "a.pdf", "a.pbm", "a.doc", "a", "svg"})
+    for (const char* name : {"a.doc", "a", "svg"})
         EXPECT_THROW(markCommand(options(name), fakeModule), Failure) << name;
+    EXPECT_EQ(files(), Files{});
+}
+
+TEST_F(MarkTest, ARasterIsWrittenFromItsTopRow) {
+    for (const int byte : {2, 0, 9, 0, 0x11, 0x80, 0x22, 0x00}) fake().raster.push_back(static_cast<std::byte>(byte));
+    ASSERT_EQ(markCommand(options("a.pbm"), fakeModule), 0);
+    std::ifstream file(folder_ / "a.pbm", std::ios::binary);
+    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(file), {}), std::string("P4\n9 2\n\x22\x00\x11\x80", 11));
+}
+
+TEST_F(MarkTest, RastersThatAreNotWritten) {
+    for (const int rows : {0, 100}) {  // nothing to see, and more than the control gave
+        fake().raster = {static_cast<std::byte>(rows), std::byte{}, std::byte{9}, std::byte{}};
+        EXPECT_THROW(markCommand(options("a.pbm"), fakeModule), Failure);
+    }
     EXPECT_EQ(files(), Files{});
 }
 

@@ -1,70 +1,14 @@
 // The built program with the real module beside it, as people and other programs use it.
-#include <gtest/gtest.h>
-#include <sys/wait.h>
-
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <nlohmann/json.hpp>
-
 #include "control/interface/type_library.h"
 #include "host/base64.h"
-#include "host/json_text.h"
 #include "output/vector_record.h"
+#include "program_fixture.h"
 
 namespace ovaline::host {
 namespace {
 
-namespace fs = std::filesystem;
-
-struct Outcome {
-    int status;
-    std::string out;
-    std::string error;
-};
-
-class ProgramTest : public ::testing::Test {
-protected:
-    void SetUp() override {
-        std::string folder = (fs::temp_directory_path() / "ovaline-program-XXXXXX").string();
-        ASSERT_TRUE(mkdtemp(folder.data()));
-        folder_ = folder;
-    }
-    void TearDown() override { fs::remove_all(folder_); }
-
-    std::string text(const std::string& name) const {
-        std::ifstream file(folder_ / name, std::ios::binary);
-        return {std::istreambuf_iterator<char>(file), {}};
-    }
-    std::vector<std::string> files() const {
-        std::vector<std::string> names;
-        for (const auto& entry : fs::directory_iterator(folder_)) names.push_back(entry.path().filename().string());
-        std::ranges::sort(names);
-        return names;
-    }
-
-    /// Runs the program in the test's folder. `arguments` are words of a shell.
-    Outcome run(const std::string& arguments, const std::string& input = {}) {
-        const fs::path files[] = {folder_ / ".in", folder_ / ".out", folder_ / ".error"};
-        std::ofstream(files[0], std::ios::binary) << input;
-        const std::string command =
-            "cd '" + folder_.string() + "' && '" OVALINE_PROGRAM "' " + arguments + " <.in >.out 2>.error";
-        const int status = std::system(command.c_str());
-        Outcome outcome{WIFEXITED(status) ? WEXITSTATUS(status) : -1, text(".out"), text(".error")};
-        for (const fs::path& file : files) fs::remove(file);
-        return outcome;
-    }
-
-    /// The answers to the lines of a run.
-    std::vector<Json> answers(const std::string& lines) {
-        std::istringstream out(run("run", lines).out);
-        std::vector<Json> answers;
-        for (std::string line; std::getline(out, line);) answers.push_back(parseJson(line));
-        return answers;
-    }
-
-    fs::path folder_;
-};
+using testing::Outcome;
+using testing::ProgramTest;
 
 /// A value of a property, and what the control then holds.
 std::pair<std::string, std::string> exampleOf(const Member& property) {
@@ -239,7 +183,12 @@ TEST_F(ProgramTest, ErrorsTakeOneLineAndLeaveNoFile) {
     const std::pair<const char*, const char*> cases[] = {
         {"mark", "--output is required"},
         {"mark -o", "--output"},
-        {"mark -o a.png", "does not draw"},
+        {"mark -o a.pbm --step 0", "--step"},
+        {"mark -o a.pbm --step 30000", "make --step smaller"},
+        {"mark -o a.pbm --step 0.1", "make --step larger"},
+        {"mark -o a.pbm --set ShowAxes=NoAxesPartial --text \"\"", "nothing to draw"},
+        {"mark -o a.png --dpi 5", "--dpi"},
+        {"mark -o a.png --set Width=20000 --dpi 10000", "is too large"},
         {"mark -o a.xyz", "xyz"},
         {"mark -o -", "--format"},
         {"mark -o a.svg --set Widht=3", "did you mean Width?"},

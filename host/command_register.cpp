@@ -1,0 +1,22 @@
+#include "host/commands.h"
+#include "host/control_module.h"
+#include "host/failure.h"
+#include "host/output_file.h"
+#include "platform/registry.h"
+
+namespace ovaline::host {
+
+int registerCommand(bool registered) {
+    const platform::Registry& registry = platform::systemRegistry();
+    if (const std::string problem = registry.problem(); !problem.empty()) throw Failure(problem);
+    if (const HRESULT hr = registerModule(registered); FAILED(hr))
+        throw Failure(registry.place() + " cannot be written, status " + statusText(hr) +
+                      ", set OVALINE_REGISTRY to a file that can");
+    StandardOutput out;
+    out.append((registered ? "registered " : "unregistered ") + moduleBesideProgram().string() + " in " +
+               registry.place() + "\n");
+    out.flush();
+    return 0;
+}
+
+}  // namespace ovaline::host

@@ -1,0 +1,44 @@
+// The built module through its exports.
+#include <gtest/gtest.h>
+
+#include "control/interface/class_ids.h"
+#include "platform/module_loader.h"
+
+namespace ovaline {
+namespace {
+
+class ExportsTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        auto loaded = platform::loadModule(OVALINE_MODULE);
+        ASSERT_TRUE(std::holds_alternative<platform::ModuleExports>(loaded)) << std::get<std::string>(loaded);
+        module_ = std::get<platform::ModuleExports>(loaded);
+    }
+    HRESULT classObject(REFCLSID clsid, REFIID iid) {
+        void* object = nullptr;
+        const HRESULT hr = module_.getClassObject(clsid, iid, &object);
+        EXPECT_EQ(object != nullptr, SUCCEEDED(hr));
+        factory_ = platform::ComPtr<IClassFactory>::adopt(static_cast<IClassFactory*>(object));
+        return hr;
+    }
+
+    platform::ModuleExports module_{};
+    platform::ComPtr<IClassFactory> factory_;
+};
+
+TEST_F(ExportsTest, ClassObjects) {
+    EXPECT_EQ(classObject(CLSID_Norvel_OvalineCtrl, IID_IUnknown), S_OK);
+    EXPECT_EQ(classObject(CLSID_Norvel_OvalineCtrl, IID_IDispatch), E_NOINTERFACE);
+    EXPECT_EQ(classObject(LIBID_Norvel_OvalineLib, IID_IClassFactory), CLASS_E_CLASSNOTAVAILABLE);
+    EXPECT_EQ(module_.getClassObject(CLSID_Norvel_OvalineCtrl, IID_IClassFactory, nullptr), E_POINTER);
+    EXPECT_EQ(classObject(CLSID_Norvel_OvalineCtrl, IID_IClassFactory), S_OK);
+    void* object = this;
+    EXPECT_EQ(factory_->CreateInstance(nullptr, IID_IClassFactory, &object), E_NOINTERFACE);
+    EXPECT_EQ(object, nullptr);
+    EXPECT_EQ(factory_->CreateInstance(nullptr, IID_IDispatch, nullptr), E_POINTER);
+    EXPECT_EQ(factory_->CreateInstance(nullptr, IID_INorvel_OvalineCtrl, &object), S_OK);
+    platform::ComPtr<IUnknown>::adopt(static_cast<IUnknown*>(object));
+}
+
+}  // namespace
+}  // namespace ovaline

@@ -1,0 +1,239 @@
+// Canvases on bitmaps: what each operation leaves in the pixels.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+#include <string>
+
+#include "platform/drawing.h"
+
+namespace ovaline::platform {
+namespace {
+
+constexpr Argb kRed = 0xFFFF0000;
+
+class DrawingCanvasTest : public ::testing::Test {
+protected:
+    /// One letter a pixel: '#' black, '.' white, '+' in between, '*' other colours.
+    std::string row(int y) const {
+        std::string text;
+        for (const std::uint32_t raw : bitmap->row(y)) {
+            const std::uint32_t pixel = raw & 0xFFFFFF;
+            const bool grey = (pixel & 0xFF) == (pixel >> 8 & 0xFF) && (pixel & 0xFF) == pixel >> 16;
+            text += pixel == 0 ? '#' : pixel == 0xFFFFFF ? '.' : grey ? '+' : '*';
+        }
+        return text;
+    }
+
+    /// A path of closed figures.
+    struct Area {
+        std::vector<DrawingPoint> points;
+        std::vector<std::uint8_t> types;
+
+        Area& figure(std::vector<DrawingPoint> corners, bool closed = true) {
+            for (std::size_t i = 0; i < corners.size(); ++i) {
+                points.push_back(corners[i]);
+                types.push_back(i == 0 ? 0 : closed && i + 1 == corners.size() ? 0x81 : 1);
+            }
+            return *this;
+        }
+        Area& square(float left, float top, float right, float bottom) {
+            return figure({{left, top}, {right, top}, {right, bottom}, {left, bottom}});
+        }
+        Area& line(DrawingPoint from, DrawingPoint to) { return figure({from, to}, false); }
+        operator DrawingPath() const { return {points, types}; }
+    };
+
+    std::unique_ptr<Bitmap> bitmap = makeBitmap(12, 6);
+    Canvas& canvas = bitmap->canvas();
+};
+
+TEST_F(DrawingCanvasTest, IsWhiteUnclippedAndRoughWhenNew) {
+    EXPECT_EQ(bitmap->width(), 12);
+    EXPECT_EQ(bitmap->height(), 6);
+    EXPECT_EQ(canvas.pixelsPerInch(), 96);
+    EXPECT_EQ(canvas.visible(), (DrawingBox{0, 0, 12, 6}));
+    for (int y = 0; y < 6; ++y) EXPECT_EQ(row(y), "............");
+    canvas.fill(Area().figure({{0, 0}, {6, 0}, {0, 6}}), kOpaqueBlack);
+    for (int y = 0; y < 6; ++y) EXPECT_EQ(row(y).find('+'), std::string::npos);
+}
+
+TEST_F(DrawingCanvasTest, AreasAreEvenOdd) {
+    canvas.fill(Area().square(1, 1, 8, 5).square(3, 2, 6, 4), kOpaqueBlack);
+    EXPECT_EQ(row(0), "............");
+    EXPECT_EQ(row(1), ".#######....");
+    EXPECT_EQ(row(2), ".##...##....");
+    EXPECT_EQ(row(5), "............");
+}
+
+TEST_F(DrawingCanvasTest, OpenFiguresAreFilledAsClosedOnes) {
+    canvas.fill(Area().figure({{1, 1}, {4, 1}, {4, 3}, {1, 3}}, false), kOpaqueBlack);
+    EXPECT_EQ(row(1), ".###........");
+}
+
+TEST_F(DrawingCanvasTest, BoxWithoutPath) {
+    // The path reaches over the box: only what lies in both counts.
+    canvas.fillOutside({1, 1, 8, 3}, Area().square(3, 0, 5, 6).square(8, 2, 12, 4), kOpaqueBlack);
+    EXPECT_EQ(row(0), "............");
+    EXPECT_EQ(row(1), ".##..####...");
+    EXPECT_EQ(row(2), ".##..###....");
+    EXPECT_EQ(row(4), "............");
+}
+
+TEST_F(DrawingCanvasTest, ClipsReplaceEachOther) {
+    const Area all = Area().square(-5, -5, 20, 20);
+    canvas.setClip({1, 0, 3, 1});
+    canvas.fill(all, kOpaqueBlack);
+    canvas.setClip(Area().square(4, 1, 9, 2).square(5, 1, 6, 2));
+    canvas.fill(all, kOpaqueBlack);
+    canvas.setClipOutside({2, 2, 8, 1}, Area().square(4, 0, 6, 6));
+    canvas.fill(all, kOpaqueBlack);
+    EXPECT_EQ(row(0), ".###........");
+    EXPECT_EQ(row(1), "....#.###...");
+    EXPECT_EQ(row(2), "..##..####..");
+    EXPECT_EQ(row(3), "............");
+    canvas.resetClip();
+    canvas.fill(all, kRed);
+    EXPECT_EQ(row(5), "************");
+}
+
+TEST_F(DrawingCanvasTest, ClipsGrow) {
+    const Area all = Area().square(-5, -5, 20, 20);
+    canvas.setClip({1, 0, 3, 1});
+    canvas.addToClip(Area().square(3, 0, 6, 1));
+    canvas.addToClip(Area().square(8, 0, 9, 2));
+    canvas.fill(all, kOpaqueBlack);
+    EXPECT_EQ(row(0), ".#####..#...");
+    EXPECT_EQ(row(1), "........#...");
+    canvas.resetClip();
+    canvas.addToClip(Area().square(0, 0, 1, 1));  // everything and more is everything
+    canvas.fill(all, kOpaqueBlack);
+    EXPECT_EQ(row(5), "############");
+}
+
+TEST_F(DrawingCanvasTest, EmptyAreasLeaveNothingInTheClip) {
+    canvas.setClip(Area());
+    canvas.fill(Area().square(0, 0, 12, 6), kOpaqueBlack);
+    canvas.setClip(DrawingBox{3, 3, 0, 0});
+    canvas.fill(Area().square(0, 0, 12, 6), kOpaqueBlack);
+    EXPECT_EQ(row(3), "............");
+}
+
+TEST_F(DrawingCanvasTest, Smoothing) {
+    canvas.setSmoothing(true);
+    canvas.fill(Area().square(1, 0, 3.5f, 1), kOpaqueBlack);
+    canvas.setSmoothing(false);
+    canvas.fill(Area().square(1, 1, 3.75f, 2), kOpaqueBlack);
+    EXPECT_EQ(row(0), ".##+........");
+    EXPECT_EQ(row(1), ".###........");
+    EXPECT_NEAR(static_cast<int>(bitmap->row(0)[3] & 0xFF), 128, 1);
+}
+
+TEST_F(DrawingCanvasTest, Ellipses) {
+    canvas.fillEllipse({0, 0, 12, 6}, kRed);
+    EXPECT_EQ(row(3), "************");
+    EXPECT_EQ(row(0)[0], '.');
+    EXPECT_EQ(row(0)[6], '*');
+    canvas.fillEllipse({0, 0, NAN, 6}, kOpaqueBlack);
+    canvas.fillEllipse({0, 0, -12, 6}, kOpaqueBlack);
+    EXPECT_EQ(row(3), "************");
+}
+
+struct DashCase {
+    DashStyle style;
+    const char* row;
+};
+
+TEST_F(DrawingCanvasTest, DashesCountInPenWidths) {
+    const DashCase cases[] = {
+        {DashStyle::Solid, "########################################"},
+        {DashStyle::Dash, "######..######..######..######..######.."},
+        {DashStyle::Dot, "##..##..##..##..##..##..##..##..##..##.."},
+        {DashStyle::DashDot, "######..##..######..##..######..##..####"},
+        {DashStyle::DashDotDot, "######..##..##..######..##..##..######.."},
+    };
+    for (const DashCase& c : cases) {
+        bitmap = makeBitmap(40, 4);
+        bitmap->canvas().stroke(Area().line({0, 2}, {40, 2}), {kOpaqueBlack, 2, c.style});
+        EXPECT_EQ(row(0), std::string(40, '.'));
+        EXPECT_EQ(row(1), c.row);
+        EXPECT_EQ(row(2), c.row);
+        EXPECT_EQ(row(3), std::string(40, '.'));
+    }
+}
+
+TEST_F(DrawingCanvasTest, LinesEndFlatAndCornersAreMitred) {
+    canvas.stroke(Area().line({2, 3}, {6, 3}), {kOpaqueBlack, 2, DashStyle::Solid});
+    EXPECT_EQ(row(2), "..####......");
+    bitmap = makeBitmap(12, 6);
+    bitmap->canvas().stroke(Area().figure({{2, 2}, {8, 2}, {8, 5}}, false), {kOpaqueBlack, 2, DashStyle::Solid});
+    EXPECT_EQ(row(1), "..#######...");
+    EXPECT_EQ(row(4), ".......##...");
+}
+
+TEST_F(DrawingCanvasTest, ThinPensDrawTheInkOfTheirWidth) {
+    canvas.setSmoothing(true);
+    canvas.stroke(Area().line({0, 2.5f}, {12, 2.5f}), {kOpaqueBlack, 0.25f, DashStyle::Solid});
+    EXPECT_NEAR(static_cast<int>(bitmap->row(2)[5] & 0xFF), 191, 5);
+    for (const float width : {0.0f, -1.0f, NAN})
+        canvas.stroke(Area().line({0, 4.5f}, {12, 4.5f}), {kOpaqueBlack, width, DashStyle::Dot});
+    EXPECT_EQ(row(4), "............");
+}
+
+TEST_F(DrawingCanvasTest, FiguresThatAreNotFiniteAreLeftOut) {
+    const float inf = std::numeric_limits<float>::infinity();
+    for (const float wrong : {NAN, inf, -inf}) {
+        const Area area = Area().square(0, 0, wrong, 6).square(2, 2, 4, 4).square(wrong, wrong, wrong, wrong);
+        canvas.fill(area, kOpaqueBlack);
+        canvas.stroke(area, {kOpaqueBlack, 1e-3f, DashStyle::Solid});
+        EXPECT_EQ(row(2), "..##........");
+        EXPECT_EQ(row(0), "............");
+    }
+}
+
+TEST_F(DrawingCanvasTest, AreasReachAnyDistance) {
+    for (const float far : {2e6f, 1e9f, 1e30f}) {
+        bitmap = makeBitmap(12, 6);
+        bitmap->canvas().fill(Area().square(-far, 2, 3, far), kOpaqueBlack);
+        EXPECT_EQ(row(1), "............") << far;
+        EXPECT_EQ(row(2), "###.........") << far;
+        EXPECT_EQ(row(5), "###.........") << far;
+        // A slope that is cut far outside still runs where it ran: through (6.25, 3), down to the right.
+        bitmap = makeBitmap(12, 6);
+        bitmap->canvas().fill(Area().figure({{6.25f - far, 3 - far}, {6.25f + far, 3 + far}, {6.25f - far, 3 + far}}),
+                              kOpaqueBlack);
+        // Beyond it, single precision's corners don't lie on such a slope themselves.
+        const bool slopeIsThere = far < 1e6f * 4;
+        EXPECT_TRUE(!slopeIsThere || row(4) == "########....") << far;
+    }
+}
+
+TEST_F(DrawingCanvasTest, LinesReachAnyDistance) {
+    for (const float far : {2e6f, 1e9f, 1e30f}) {
+        bitmap = makeBitmap(12, 6);
+        bitmap->canvas().stroke(Area().line({-far, 3}, {far, 3}).figure({{2, -far}, {2, far}, {4, far}}),
+                                {kOpaqueBlack, 2, DashStyle::Solid});
+        EXPECT_EQ(row(2), "############") << far;
+        EXPECT_EQ(row(1), ".###........") << far;
+        bitmap->canvas().stroke(Area().line({0, 0}, {12, 6}), {kRed, far, DashStyle::Dash});
+        EXPECT_EQ(row(0).find('.'), std::string::npos) << far;
+    }
+}
+
+TEST_F(DrawingCanvasTest, CurvesAreDrawn) {
+    const std::vector<DrawingPoint> points = {{0, 6}, {0, -2}, {12, -2}, {12, 6}};
+    const std::vector<std::uint8_t> types = {0, 3, 3, 0x83};
+    canvas.fill({points, types}, kOpaqueBlack);
+    EXPECT_EQ(row(5), "############");
+    EXPECT_EQ(row(0), "....####....");
+}
+
+TEST(DrawingBitmap, SizesThatAreNone) {
+    for (const auto& [width, height] : {std::pair{0, 1}, {1, 0}, {-1, 5}, {kMostPixelsAcross + 1, 1}, {1, 1 << 30}})
+        EXPECT_EQ(makeBitmap(width, height), nullptr) << width << " x " << height;
+    EXPECT_NE(makeBitmap(kMostPixelsAcross, 1), nullptr);
+    EXPECT_EQ(makeCanvas(nullptr), nullptr);
+}
+
+}  // namespace
+}  // namespace ovaline::platform

@@ -1,0 +1,85 @@
+// A control that its container asks to draw.
+#include <gtest/gtest.h>
+
+#include "platform/drawing.h"
+#include "tests/control/control_fixture.h"
+
+namespace ovaline {
+namespace {
+
+using platform::PictureKind;
+
+class ControlDrawTest : public ControlTest {
+protected:
+    HRESULT draw(HDC dc, const RECTL* bounds, DWORD aspect = DVASPECT_CONTENT) {
+        IViewObject* const view = control.get();
+        return view->Draw(aspect, -1, nullptr, nullptr, nullptr, dc, bounds, nullptr, nullptr, 0);
+    }
+    std::string drawn(const RECTL& bounds) {
+        const auto picture = platform::makePicture(PictureKind::Png, 400, 300, 96, platform::kOpaqueWhite);
+        EXPECT_EQ(draw(picture->dc(), &bounds), S_OK);
+        return picture->finish();
+    }
+};
+
+TEST_F(ControlDrawTest, TakesTheRectangleAsItsOwn) {
+    drawn({10, 20, 210, 120});
+    EXPECT_EQ(settings().ScreenLeft, 10);
+    EXPECT_EQ(settings().ScreenTop, 20);
+    EXPECT_EQ(settings().ScreenWidth, 200);
+    EXPECT_EQ(settings().ScreenHeight, 100);
+    // The widest rectangle that there is.
+    const RECTL all = {-2147483647 - 1, -2147483647 - 1, 2147483647, 2147483647};
+    EXPECT_EQ(draw(nullptr, &all), S_OK);
+    EXPECT_EQ(settings().ScreenWidth, 4294967296.0f);
+}
+
+TEST_F(ControlDrawTest, DrawingChangesNothingElse) {
+    control->SetDefaultSize(0);
+    const GraphicsPath text = paths().TextPath;
+    const std::string first = drawn({0, 0, 400, 300});
+    EXPECT_FALSE(first.empty());
+    EXPECT_EQ(drawn({0, 0, 400, 300}), first);
+    EXPECT_TRUE(std::ranges::equal(text.points(), paths().TextPath.points()));
+    control->put_FillStyle(NoFilling);
+    EXPECT_NE(drawn({0, 0, 400, 300}), first);
+}
+
+TEST_F(ControlDrawTest, WhatIsNoDrawingIsRefused) {
+    const RECTL bounds = {0, 0, 10, 10};
+    EXPECT_EQ(draw(nullptr, nullptr), E_INVALIDARG);
+    EXPECT_EQ(draw(nullptr, &bounds, 2), DV_E_DVASPECT);
+    EXPECT_EQ(settings().ScreenWidth, 0);
+}
+
+TEST_F(ControlDrawTest, SettingsBeyondAllMeasureDrawSomethingOrNothing) {
+    control->SetUpdateFlag(0);
+    control->SetDefaultSize(0);
+    control->put_FillStyle(Cross);
+    control->put_Invert(-1);
+    control->put_OutlineType(DashDotDot);
+    control->SetUpdateFlag(1);
+    const float values[] = {0,
+                            -1,
+                            1e-30f,
+                            1e6f,
+                            1e30f,
+                            3e38f,
+                            std::numeric_limits<float>::infinity(),
+                            std::numeric_limits<float>::quiet_NaN()};
+    for (const float zoom : values) {
+        control->SetZoomFactor(zoom);
+        for (const float width : {0.03f, 1e30f}) {
+            control->put_TextOutline(width);
+            EXPECT_FALSE(drawn({0, 0, 400, 300}).empty()) << zoom;
+        }
+    }
+    control->SetZoomFactor(1);
+    for (const float resolution : values) {
+        control->SetResolutionInDPI(resolution);
+        EXPECT_FALSE(drawn({-2000000000, 0, 400, 300}).empty()) << resolution;
+    }
+}
+
+}  // namespace
+}  // namespace ovaline
