@@ -9,12 +9,7 @@ void reset(KeptPaths& paths) {
 }
 
 Extent frameExtent(const KeptPaths& paths) {
-    const Extent one = extentOf(paths.FramePath);
-    Extent all;
-    // Every column and row, not the outer ones alone: offsets may be negative, and rounding is each copy's own.
-    for (std::int32_t i = 0; i < paths.grid.columns; ++i) all.include(one, paths.grid.offset(i, 0));
-    for (std::int32_t j = 0; j < paths.grid.rows; ++j) all.include(one, paths.grid.offset(0, j));
-    return all;
+    return extentOf(extentOf(paths.FramePath), paths.grid);
 }
 
 }  // namespace ovaline

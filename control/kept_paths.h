@@ -1,23 +1,9 @@
 // The paths that a control keeps between regenerations.
 #pragma once
 
-#include <cstdint>
-
-#include "geometry/graphics_path.h"
+#include "geometry/copy_grid.h"
 
 namespace ovaline {
-
-/// Where the copies of composed text stand: column i and row j, from 0, are moved by (i · dx, j · dy).
-struct CopyGrid {
-    std::int32_t columns = 1;
-    std::int32_t rows = 1;
-    float dx = 0;  ///< dots
-    float dy = 0;  ///< dots
-
-    PointF offset(std::int32_t column, std::int32_t row) const {
-        return {static_cast<float>(column) * dx, static_cast<float>(row) * dy};
-    }
-};
 
 /// All in dots, alternate fill mode, empty until the first regeneration.
 struct KeptPaths {

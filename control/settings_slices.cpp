@@ -122,10 +122,9 @@ RasterJob rasterJobOf(const TextSettings& settings, const KeptPaths& paths) {
 
 PreviewJob previewJobOf(const TextSettings& settings, const KeptPaths& paths, float pixelsPerInch) {
     const Units units = unitsOf(settings);
-    const auto copiesAt = [](const CopyGrid& grid) { return Copies{grid.columns, grid.rows, grid.dx, grid.dy}; };
     PreviewJob job{paths.TextPath, paths.FillPath, paths.FramePath, paths.GuidePath};
-    job.kept = copiesAt(paths.grid);
-    job.array = copiesAt(copyGridOf(settings));
+    job.kept = paths.grid;
+    job.array = copyGridOf(settings);
     job.composed = settings.composed();
     job.boxesOverlap = (settings.ArrayXDimension > 1 && settings.Width > settings.ArrayXOffset) ||
                        (settings.ArrayYDimension > 1 && settings.Height > settings.ArrayYOffset);

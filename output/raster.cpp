@@ -20,8 +20,7 @@ void writeHeader(std::int32_t rows, std::int32_t columns, std::span<std::byte> b
 
 /// The bounds of the picture in pixels, before it is moved to the origin.
 Extent boundsOf(const RasterJob& job) {
-    const bool withFrame = job.showAxes == FullAxes || job.showAxes == NoAxesFull;
-    const Extent bounds = withFrame ? job.frame : extentOf(job.text);
+    const Extent bounds = includesFrame(job.showAxes) ? job.frame : extentOf(job.text);
     return {bounds.left * job.scale, bounds.top * job.scale, bounds.right * job.scale, bounds.bottom * job.scale};
 }
 

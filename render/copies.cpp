@@ -68,7 +68,7 @@ Figures thinned(const Figures& all, float apart) {
 /// The copies of a path that reach into what is seen.
 class SeenCopies {
 public:
-    SeenCopies(const Copies& copies, const ToPixels& toPixels, const Extent& seen, const Extent& one)
+    SeenCopies(const CopyGrid& copies, const ToPixels& toPixels, const Extent& seen, const Extent& one)
         : toPixels_(toPixels), seen_(seen), one_(one) {
         for (std::int32_t j = 0; j < copies.rows; ++j)
             for (std::int32_t i = 0; i < copies.columns; ++i)
@@ -113,15 +113,7 @@ Extent ToPixels::mapExtent(const Extent& extent) const {
     return result;
 }
 
-Extent extentOf(const Extent& one, const Copies& copies) {
-    Extent all;
-    // Every column and row, not the outer ones alone: offsets may be negative, and rounding is each copy's own.
-    for (std::int32_t i = 0; i < copies.columns; ++i) all.include(one, copies.offset(i, 0));
-    for (std::int32_t j = 0; j < copies.rows; ++j) all.include(one, copies.offset(0, j));
-    return all;
-}
-
-DrawnPath::DrawnPath(const GraphicsPath& path, const Copies& copies, const ToPixels& toPixels, const Extent& seen) {
+DrawnPath::DrawnPath(const GraphicsPath& path, const CopyGrid& copies, const ToPixels& toPixels, const Extent& seen) {
     Figures all = figuresOf(path);
     Extent one;
     for (const Figure& figure : all.figures) one.include(figure.extent, {});

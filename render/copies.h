@@ -1,27 +1,14 @@
-// Where the copies of a path stand, and what of them a picture shows.
+// What a picture shows of a path's copies.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
 #include <vector>
 
-#include "geometry/graphics_path.h"
+#include "geometry/copy_grid.h"
 #include "platform/drawing.h"
 
 namespace ovaline {
-
-/// Copies in columns and rows: the one in column i and row j, from 0, is moved by (i · dx, j · dy).
-struct Copies {
-    std::int32_t columns = 1;
-    std::int32_t rows = 1;
-    float dx = 0;  ///< dots
-    float dy = 0;  ///< dots
-
-    PointF offset(std::int32_t column, std::int32_t row) const {
-        return {static_cast<float>(column) * dx, static_cast<float>(row) * dy};
-    }
-    PointF last() const { return offset(columns - 1, rows - 1); }
-};
 
 /// From dots to pixels: scaled about the origin, then moved.
 struct ToPixels {
@@ -32,11 +19,8 @@ struct ToPixels {
     Extent mapExtent(const Extent& extent) const;
 };
 
-/// Extent of all copies, `one` being that of the copy at (0, 0).
-Extent extentOf(const Extent& one, const Copies& copies);
-
 /// Most points of one path of a picture. Cairo needs some 200 bytes for each, and a screen has no more pixels.
-constexpr std::size_t kMostDrawnPoints = 2'000'000;
+constexpr std::size_t kMostDrawnPoints = 1'000'000;
 
 /// A path in pixels.
 class DrawnPath {
@@ -44,7 +28,7 @@ public:
     /// The copies of `path`, row by row, left to right, as far as they reach into `seen`. Where they would have more
     /// than `kMostDrawnPoints` points, vertices that are nearer to each other than a quarter of a pixel are drawn as
     /// one, and where that does not suffice, only every second, third … figure is.
-    DrawnPath(const GraphicsPath& path, const Copies& copies, const ToPixels& toPixels, const Extent& seen);
+    DrawnPath(const GraphicsPath& path, const CopyGrid& copies, const ToPixels& toPixels, const Extent& seen);
 
     operator platform::DrawingPath() const { return {points_, types_}; }
 

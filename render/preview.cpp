@@ -41,7 +41,7 @@ public:
           style_(job.style),
           canvas_(canvas),
           ink_(style_.lightInk ? platform::kOpaqueWhite : platform::kOpaqueBlack),
-          textCopies_(job.composed ? Copies() : job.array),
+          textCopies_(job.composed ? CopyGrid() : job.array),
           frameCopies_(job.composed ? job.kept : job.array) {
         // What the picture is aligned on comes to lie on the rectangle's corner.
         const RectF bounds = toPixels_.mapExtent(aligned(textCopies_, frameCopies_)).rectangle();
@@ -69,10 +69,10 @@ public:
     }
 
 private:
-    bool alignsOnFrame() const { return style_.showAxes == FullAxes || style_.showAxes == NoAxesFull; }
+    bool alignsOnFrame() const { return includesFrame(style_.showAxes); }
 
     /// Extent of what the picture is aligned on, in dots.
-    Extent aligned(const Copies& texts, const Copies& frames) const {
+    Extent aligned(const CopyGrid& texts, const CopyGrid& frames) const {
         return alignsOnFrame() ? extentOf(extentOf(job_.frame), frames) : extentOf(extentOf(job_.text), texts);
     }
 
@@ -92,7 +92,7 @@ private:
     void setFirstClip() {
         if (!style_.invert) return canvas_.setClip(box_);
         GraphicsPath box;
-        const RectF one = aligned(Copies(), job_.kept).rectangle();
+        const RectF one = aligned(CopyGrid(), job_.kept).rectangle();
         GdipAddPathRectangle(box, one.X, one.Y, one.Width, one.Height);
         const DrawnPath boxes(box, job_.array, toPixels_, seen_);
         if (job_.boxesOverlap)
@@ -135,8 +135,8 @@ private:
     const PreviewStyle& style_;
     platform::Canvas& canvas_;
     Argb ink_;
-    Copies textCopies_;   ///< of text and fill
-    Copies frameCopies_;  ///< of frame and guide
+    CopyGrid textCopies_;   ///< of text and fill
+    CopyGrid frameCopies_;  ///< of frame and guide
     ToPixels toPixels_{job_.pixelsPerDot, {}};
     DrawingBox box_;  ///< what the picture is aligned on, in pixels
     Extent seen_;     ///< of the canvas, in pixels

@@ -32,8 +32,8 @@ struct PreviewJob {
     const GraphicsPath& fill;
     const GraphicsPath& frame;
     const GraphicsPath& guide;
-    Copies kept = {};           ///< of a frame and a guide, where each copy of the text has been built; else one
-    Copies array = {};          ///< of the settings
+    CopyGrid kept = {};         ///< of a frame and a guide, where each copy of the text has been built; else one
+    CopyGrid array = {};        ///< of the settings
     bool composed = false;      ///< the text holds every copy of the array already
     bool boxesOverlap = false;  ///< the boxes that the copies of an inverted text stand out of
     PreviewStyle style = {};

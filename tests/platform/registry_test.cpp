@@ -227,7 +227,8 @@ TEST_F(RegistryFileTest, FilesThatCannotBeWritten) {
     write("");
     EXPECT_EQ(setLanguage(underFile), kRegistryNoPath);
     EXPECT_NE(underFile.problem(), "");
-    FileRegistry isFolder(folder_.path);
+    fs::create_directory(folder_.path / "folder");
+    FileRegistry isFolder(folder_.path / "folder");
     EXPECT_EQ(setLanguage(isFolder), kRegistryAccessDenied);
     EXPECT_NE(isFolder.problem().find("is not a file"), std::string::npos);
     FileRegistry nowhere{fs::path()};
