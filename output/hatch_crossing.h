@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 #include "geometry/matrix.h"
 
@@ -14,42 +15,71 @@ struct Segment {
     PointF to;
 };
 
+/// A segment with what the crossing rule asks of it again and again.
+struct PreparedSegment {
+    PointF from, to;
+    PointF delta;  ///< `to` minus `from`
+    float left, right, top, bottom;
+
+    PreparedSegment() = default;
+    explicit PreparedSegment(const Segment& s)
+        : from(s.from),
+          to(s.to),
+          delta{s.to.X - s.from.X, s.to.Y - s.from.Y},
+          left(std::min(s.from.X, s.to.X)),
+          right(std::max(s.from.X, s.to.X)),
+          top(std::min(s.from.Y, s.to.Y)),
+          bottom(std::max(s.from.Y, s.to.Y)) {}
+
+    bool upright() const { return from.X == to.X; }
+};
+
+namespace detail {
+
+inline bool isFinite(float value) {
+    return std::abs(value) <= std::numeric_limits<float>::max();
+}
+
+/// The rule where the edge, the line or both are upright.
+inline bool findUprightCrossing(const PreparedSegment& edge, const PreparedSegment& hatch, PointF& crossing) {
+    const PointF p = edge.from, q = edge.to, a = hatch.from, b = hatch.to;
+    if (edge.upright() && hatch.upright()) return false;
+    if (edge.upright()) {
+        const float m = (a.Y - b.Y) / (a.X - b.X);
+        const float k = a.Y - a.X * m;
+        crossing = {p.X, m * p.X + k};
+    } else {
+        const float m = (p.Y - q.Y) / (p.X - q.X);
+        const float k = p.Y - p.X * m;
+        crossing = {a.X, p.X == a.X ? p.Y : q.X == a.X ? q.Y : m * a.X + k};
+        if (crossing == q) return false;
+    }
+    return edge.top <= crossing.Y && crossing.Y <= edge.bottom && isFinite(crossing.Y);
+}
+
+}  // namespace detail
+
 /// Finds the crossing of the edge P→Q with the hatch line A→B, in single precision throughout, the bounding boxes
 /// tested first and inclusively. The edge's end point belongs to the next edge. A point that is not finite is no
 /// crossing. Returns whether there is one.
-inline bool findCrossing(const Segment& edge, const Segment& hatch, PointF& crossing) {
-    const PointF p = edge.from, q = edge.to, a = hatch.from, b = hatch.to;
-    const bool apart = !(std::min(a.X, b.X) <= std::max(p.X, q.X)) || !(std::max(a.X, b.X) >= std::min(p.X, q.X)) ||
-                       !(std::min(a.Y, b.Y) <= std::max(p.Y, q.Y)) || !(std::max(a.Y, b.Y) >= std::min(p.Y, q.Y));
-    if (apart) return false;
+inline bool findCrossing(const PreparedSegment& edge, const PreparedSegment& hatch, PointF& crossing) {
+    const bool together = (hatch.left <= edge.right) & (hatch.right >= edge.left) & (hatch.top <= edge.bottom) &
+                          (hatch.bottom >= edge.top);
+    if (!together) return false;
+    if (edge.upright() || hatch.upright()) return detail::findUprightCrossing(edge, hatch, crossing);
 
-    if (p.X == q.X || a.X == b.X) {
-        if (p.X == q.X && a.X == b.X) return false;
-        if (p.X == q.X) {
-            const float m = (a.Y - b.Y) / (a.X - b.X);
-            const float k = a.Y - a.X * m;
-            crossing = {p.X, m * p.X + k};
-        } else {
-            const float m = (p.Y - q.Y) / (p.X - q.X);
-            const float k = p.Y - p.X * m;
-            crossing = {a.X, p.X == a.X ? p.Y : q.X == a.X ? q.Y : m * a.X + k};
-            if (crossing == q) return false;
-        }
-        return std::min(p.Y, q.Y) <= crossing.Y && crossing.Y <= std::max(p.Y, q.Y) && std::isfinite(crossing.Y);
-    }
-
-    const PointF d1{q.X - p.X, q.Y - p.Y};
-    const PointF d2{b.X - a.X, b.Y - a.Y};
-    const PointF e{p.X - a.X, p.Y - a.Y};
+    const PointF d1 = edge.delta, d2 = hatch.delta;
+    const PointF e{edge.from.X - hatch.from.X, edge.from.Y - hatch.from.Y};
     const float den = d1.X * d2.Y - d1.Y * d2.X;
     if (den == 0) return false;
     const float nt = d2.X * e.Y - d2.Y * e.X;
     const float nu = d1.X * e.Y - d1.Y * e.X;
     const float t = nt / den;
     const float u = nu / den;
-    if (!(0 <= t && t <= 1 && 0 <= u && u <= 1) || (nt == 0 && nu == 0)) return false;
-    crossing = {p.X + t * d1.X, p.Y + t * d1.Y};
-    return crossing != q && std::isfinite(crossing.X) && std::isfinite(crossing.Y);
+    const bool within = (0 <= t) & (t <= 1) & (0 <= u) & (u <= 1);
+    if (!within || (nt == 0 && nu == 0)) return false;
+    crossing = {edge.from.X + t * d1.X, edge.from.Y + t * d1.Y};
+    return crossing != edge.to && detail::isFinite(crossing.X) && detail::isFinite(crossing.Y);
 }
 
 }  // namespace ovaline

@@ -103,10 +103,10 @@ LineRange HatchFamily::candidates(const Segment& edge) const {
     if (everyLine_) return {0, static_cast<std::uint32_t>(count_)};
     const double a = position(edge.from), b = position(edge.to);
     const double low = std::min(a, b), high = std::max(a, b);
+    // The line behind the position, if they are evenly spaced: where both boundaries most often are.
     const auto guess = [this](double at) {
-        const double line = (at - first_) * linesPerDot_;
-        const double last = static_cast<double>(count_ - 1);
-        return line > 0 ? static_cast<std::size_t>(std::min(line, last)) : 0;
+        const double line = (at - first_) * linesPerDot_ + 1;
+        return line > 0 ? static_cast<std::size_t>(std::min(line, static_cast<double>(count_))) : 0;
     };
     const std::size_t begin = boundary(count_, guess(low), [&](std::size_t i) { return highest_[i] >= low; });
     const std::size_t end = boundary(count_, guess(high), [&](std::size_t i) { return lowest_[i] > high; });
