@@ -68,6 +68,61 @@ Sizes measure(std::span<const Segment> edges, std::span<const Segment> hatch) {
     return extent;
 }
 
+/// The lines of a band, one array a coordinate, and where an edge crosses them.
+struct BandLines {
+    float fromX[kBandLines], fromY[kBandLines], deltaX[kBandLines], deltaY[kBandLines];
+    float left[kBandLines], right[kBandLines], top[kBandLines], bottom[kBandLines];
+    bool anyUpright = false;
+
+    std::uint32_t found[kBandLines];  ///< 1 where the edge crosses the line
+    float crossingX[kBandLines], crossingY[kBandLines];
+
+    void prepare(std::span<const Segment> lines) {
+        for (std::size_t i = 0; i < lines.size(); ++i) {
+            const PreparedSegment& line = lines_[i] = PreparedSegment(lines[i]);
+            fromX[i] = line.from.X;
+            fromY[i] = line.from.Y;
+            deltaX[i] = line.delta.X;
+            deltaY[i] = line.delta.Y;
+            left[i] = line.left;
+            right[i] = line.right;
+            top[i] = line.top;
+            bottom[i] = line.bottom;
+            anyUpright |= line.upright();
+        }
+    }
+
+    /// Crosses the lines from `begin` on with the edge. Where nothing is upright the rule has no branches, and the
+    /// compiler carries it out on several lines at a time.
+    void cross(const PreparedSegment& edge, std::uint32_t begin, std::uint32_t end) {
+        if (anyUpright || edge.upright()) {
+            for (std::uint32_t i = begin; i < end; ++i) {
+                PointF point;
+                found[i] = findCrossing(edge, lines_[i], point) ? 1 : 0;
+                crossingX[i] = point.X;
+                crossingY[i] = point.Y;
+            }
+            return;
+        }
+        for (std::uint32_t i = begin; i < end; ++i) {
+            PreparedSegment line;
+            line.from = {fromX[i], fromY[i]};
+            line.delta = {deltaX[i], deltaY[i]};
+            line.left = left[i];
+            line.right = right[i];
+            line.top = top[i];
+            line.bottom = bottom[i];
+            PointF point;
+            found[i] = detail::findSlantedCrossing(edge, line, point) ? 1 : 0;
+            crossingX[i] = point.X;
+            crossingY[i] = point.Y;
+        }
+    }
+
+private:
+    PreparedSegment lines_[kBandLines];
+};
+
 class FillWriter {
 public:
     FillWriter(std::span<const Segment> edges, RecordSink& sink) : edges_(edges), sink_(sink) {}
@@ -149,12 +204,16 @@ private:
             total += open;
         }
         if (crossings_.size() < total) crossings_.resize(total);
-        PreparedSegment prepared[kBandLines];
-        for (std::uint32_t line = 0; line < count; ++line) prepared[line] = PreparedSegment(lines[line]);
+        BandLines prepared;
+        prepared.prepare(lines);
         for (const Reach& reach : reaches) {
             const PreparedSegment edge(edges_[reach.edge]);
-            for (std::uint32_t line = clamped(reach.lines.begin); line < clamped(reach.lines.end); ++line)
-                if (findCrossing(edge, prepared[line], crossings_[next[line]])) ++next[line];
+            const std::uint32_t begin = clamped(reach.lines.begin), end = clamped(reach.lines.end);
+            prepared.cross(edge, begin, end);
+            for (std::uint32_t line = begin; line < end; ++line) {
+                crossings_[next[line]] = {prepared.crossingX[line], prepared.crossingY[line]};
+                next[line] += prepared.found[line];
+            }
         }
         for (std::uint32_t line = 0; line < count; ++line)
             writeLine(std::span(crossings_).subspan(start[line], next[line] - start[line]), firstIndex + line);

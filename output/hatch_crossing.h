@@ -57,6 +57,24 @@ inline bool findUprightCrossing(const PreparedSegment& edge, const PreparedSegme
     return edge.top <= crossing.Y && crossing.Y <= edge.bottom && isFinite(crossing.Y);
 }
 
+/// The rule where neither is upright, the bounding boxes included. Without branches, so that a loop over lines can be
+/// carried out on several at a time; `crossing` is written in any case.
+inline bool findSlantedCrossing(const PreparedSegment& edge, const PreparedSegment& hatch, PointF& crossing) {
+    const PointF d1 = edge.delta, d2 = hatch.delta;
+    const PointF e{edge.from.X - hatch.from.X, edge.from.Y - hatch.from.Y};
+    const float den = d1.X * d2.Y - d1.Y * d2.X;
+    const float nt = d2.X * e.Y - d2.Y * e.X;
+    const float nu = d1.X * e.Y - d1.Y * e.X;
+    const float t = nt / den;
+    const float u = nu / den;
+    crossing = {edge.from.X + t * d1.X, edge.from.Y + t * d1.Y};
+    const bool together = (hatch.left <= edge.right) & (hatch.right >= edge.left) & (hatch.top <= edge.bottom) &
+                          (hatch.bottom >= edge.top);
+    const bool within = (den != 0) & (0 <= t) & (t <= 1) & (0 <= u) & (u <= 1) & ((nt != 0) | (nu != 0));
+    const bool before = (crossing.X != edge.to.X) | (crossing.Y != edge.to.Y);
+    return together & within & before & isFinite(crossing.X) & isFinite(crossing.Y);
+}
+
 }  // namespace detail
 
 /// Finds the crossing of the edge P→Q with the hatch line A→B, in single precision throughout, the bounding boxes
@@ -68,18 +86,7 @@ inline bool findCrossing(const PreparedSegment& edge, const PreparedSegment& hat
     if (!together) return false;
     if (edge.upright() || hatch.upright()) return detail::findUprightCrossing(edge, hatch, crossing);
 
-    const PointF d1 = edge.delta, d2 = hatch.delta;
-    const PointF e{edge.from.X - hatch.from.X, edge.from.Y - hatch.from.Y};
-    const float den = d1.X * d2.Y - d1.Y * d2.X;
-    if (den == 0) return false;
-    const float nt = d2.X * e.Y - d2.Y * e.X;
-    const float nu = d1.X * e.Y - d1.Y * e.X;
-    const float t = nt / den;
-    const float u = nu / den;
-    const bool within = (0 <= t) & (t <= 1) & (0 <= u) & (u <= 1);
-    if (!within || (nt == 0 && nu == 0)) return false;
-    crossing = {edge.from.X + t * d1.X, edge.from.Y + t * d1.Y};
-    return crossing != edge.to && detail::isFinite(crossing.X) && detail::isFinite(crossing.Y);
+    return detail::findSlantedCrossing(edge, hatch, crossing);
 }
 
 }  // namespace ovaline
