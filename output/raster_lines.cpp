@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "output/outline_dash.h"
+
 namespace ovaline {
 
 namespace {
@@ -22,21 +24,6 @@ constexpr float kPenWidth = 1;  // pixel
 constexpr float kInkReach = 5;  // pixels
 
 constexpr int kDarkBelow = 450;
-
-DashStyle dashOf(std::int32_t outlineType) {
-    switch (outlineType) {
-        case Dash:
-            return DashStyle::Dash;
-        case Dots:
-            return DashStyle::Dot;
-        case DashDot:
-            return DashStyle::DashDot;
-        case DashDotDot:
-            return DashStyle::DashDotDot;
-        default:
-            return DashStyle::Solid;
-    }
-}
 
 bool isDark(std::uint32_t pixel) {
     return (pixel >> 16 & 0xFF) + (pixel >> 8 & 0xFF) + (pixel & 0xFF) < kDarkBelow;

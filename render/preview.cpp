@@ -2,6 +2,8 @@
 
 #include <cmath>
 
+#include "output/outline_dash.h"
+
 namespace ovaline {
 
 namespace {
@@ -16,22 +18,6 @@ constexpr float kThinLine = 1;
 constexpr float kFrameLine = 1;
 constexpr float kGuideLine = 2;
 constexpr float kEndMarker = 6;  // diameter
-
-/// The dash style of an outline, solid for a number outside the list.
-DashStyle dashOf(std::int32_t outlineType) {
-    switch (outlineType) {
-        case Dash:
-            return DashStyle::Dash;
-        case Dots:
-            return DashStyle::Dot;
-        case DashDot:
-            return DashStyle::DashDot;
-        case DashDotDot:
-            return DashStyle::DashDotDot;
-        default:
-            return DashStyle::Solid;
-    }
-}
 
 /// One drawing of a preview, step by step in the order in which things lie over each other.
 class Preview {

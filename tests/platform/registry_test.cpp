@@ -268,10 +268,10 @@ TEST_F(RegistryFileTest, ChangesAtTheSameTimeAreAllKept) {
 }
 
 TEST(RegistryFile, PlaceFollowsTheEnvironment) {
-    setenv("HOME", "/home/u", 1);
+    setenv("HOME", "/users/u", 1);
     unsetenv("XDG_DATA_HOME");
     unsetenv("OVALINE_REGISTRY");
-    EXPECT_EQ(registryFile(), "/home/u/.local/share/ovaline/registry.reg");
+    EXPECT_EQ(registryFile(), "/users/u/.local/share/ovaline/registry.reg");
     setenv("XDG_DATA_HOME", "/data", 1);
     EXPECT_EQ(registryFile(), "/data/ovaline/registry.reg");
     setenv("OVALINE_REGISTRY", "own.reg", 1);
