@@ -11,7 +11,8 @@
 namespace ovaline {
 
 /// The settings as they are held. "µm" is a whole number of micrometres; angles are in degrees counter-clockwise on the
-/// screen; enumerations hold whatever number the host put. After each field: who writes it.
+/// screen; enumerations hold whatever number the host put. After each field: who writes it; the property
+/// record also writes most that is neither font, text nor array.
 struct TextSettings {
     std::u16string FontName = u"Arial";            // put, FontStyle
     std::int32_t FontHeight = 5000;                // put; µm, 100 to 50800
@@ -83,8 +84,8 @@ struct TextSettings {
     float ResultRight = 0;                  // regeneration; µm, the result's width
     float ResultBottom = 0;                 // regeneration; µm, the result's height
     std::int32_t BackGroundColor = 0;       // SetBackGroundColor
-    std::uint32_t FrameColor = 0x00BEBEBE;  // nobody; COLORREF
-    std::uint32_t GuideColor = 0x007878FF;  // nobody; COLORREF
+    std::uint32_t FrameColor = 0x00BEBEBE;  // the property record; COLORREF
+    std::uint32_t GuideColor = 0x007878FF;  // the property record; COLORREF
     std::int32_t SpareFlag = 0;             // put; no effect
     std::int32_t SpareInt = 1;              // the property record; no effect
     float CharWidth = 0;                    // the property record; µm, no effect

@@ -2,8 +2,8 @@
 
 #include <string_view>
 
-#include "host/buffers.h"
 #include "host/control_host.h"
+#include "host/control_reader.h"
 #include "host/text_encoding.h"
 
 namespace ovaline::host {
@@ -17,20 +17,6 @@ Value read(Table& control, HRESULT (STDMETHODCALLTYPE INorvel_OvalineCtrl::*get)
     Value value{};
     require((control.*get)(&value), std::string("getting ") + name);
     return value;
-}
-
-std::u16string readText(Table& control, HRESULT (STDMETHODCALLTYPE INorvel_OvalineCtrl::*get)(BSTR*),
-                        const char* name) {
-    const BSTR text = read(control, get, name);
-    std::u16string copy = platform::textOf(text);
-    SysFreeString(text);
-    return copy;
-}
-
-bool isStatic(Table& control) {
-    INT type = 0;
-    require(control.GetArrayType(&type), "GetArrayType");
-    return type == 1;
 }
 
 }  // namespace
@@ -63,7 +49,7 @@ std::string copyList(Table& control) {
         return true;
     };
     const CopyTexts texts = copyTextsOf(control);
-    if (!isStatic(control)) {
+    if (!isStaticText(control)) {
         texts.forEach(platform::systemClock(), add);
         return list;
     }
@@ -74,12 +60,9 @@ std::string copyList(Table& control) {
 }
 
 std::string refusal(Table& control) {
-    if (isStatic(control)) return {};
-    LONG sides[4] = {};
-    const NestedReference left(&sides[0], VT_I4), top(&sides[1], VT_I4), right(&sides[2], VT_I4),
-        bottom(&sides[3], VT_I4);
-    require(control.GetResultSize(left.outer(), top.outer(), right.outer(), bottom.outer()), "GetResultSize");
-    if (sides[2] != 0 || sides[3] != 0) return {};
+    if (isStaticText(control)) return {};
+    const ResultSize size = readResultSize(control);
+    if (size.width != 0 || size.height != 0) return {};
     const CopyTexts texts = copyTextsOf(control);
     std::u16string first;
     texts.forEach(platform::systemClock(), [&](std::int32_t, std::int32_t, const std::u16string& text) {

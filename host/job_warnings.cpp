@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "host/control_reader.h"
 #include "host/control_settings.h"
 #include "host/glyph_count.h"
 #include "host/text_encoding.h"
@@ -27,14 +28,6 @@ bool isHeld(const VARIANT& given, const VARIANT& held, bool inches) {
     return std::abs(given.fltVal - held.fltVal) <= std::max(rounding, std::abs(given.fltVal) * 1e-6f);
 }
 
-std::u16string textProperty(INorvel_OvalineCtrlTable& control,
-                            HRESULT (STDMETHODCALLTYPE INorvel_OvalineCtrl::*get)(BSTR*), const char* name) {
-    Arguments held(1);
-    held[0].vt = VT_BSTR;
-    require((control.*get)(&held[0].bstrVal), name);
-    return platform::textOf(held[0].bstrVal);
-}
-
 /// The font that the control's settings choose, in a size of its own: what it draws is the same in every size.
 std::shared_ptr<const platform::Font> fontOf(INorvel_OvalineCtrlTable& control) {
     VARIANT_BOOL bold = VARIANT_FALSE;
@@ -45,7 +38,7 @@ std::shared_ptr<const platform::Font> fontOf(INorvel_OvalineCtrlTable& control) 
     constexpr std::size_t kLongestFaceName = 31;
     constexpr std::int32_t kAnyHeight = 1000;
     constexpr std::int32_t kBold = 700;
-    description.lfFaceName = textProperty(control, &INorvel_OvalineCtrl::get_FontName, "getting FontName");
+    description.lfFaceName = readText(control, &INorvel_OvalineCtrl::get_FontName, "FontName");
     description.lfFaceName.resize(std::min(description.lfFaceName.size(), kLongestFaceName));
     description.lfHeight = kAnyHeight;
     if (bold) description.lfWeight = kBold;
@@ -56,12 +49,11 @@ std::shared_ptr<const platform::Font> fontOf(INorvel_OvalineCtrlTable& control) 
 /// An ellipse on which every glyph has the room of some three times its height; nothing else that takes room or time.
 void makeRoom(INorvel_OvalineCtrlTable& control) {
     constexpr std::size_t kOtherGlyphs = 64;  // of a serial number and a date, which stand in the text's place
-    const std::size_t glyphs =
-        textProperty(control, &INorvel_OvalineCtrl::get_TextData, "getting TextData").size() +
-        textProperty(control, &INorvel_OvalineCtrl::get_SerialNumPrefix, "getting SerialNumPrefix").size() +
-        textProperty(control, &INorvel_OvalineCtrl::get_SerNumStart, "getting SerNumStart").size() +
-        textProperty(control, &INorvel_OvalineCtrl::get_SerNumSuffix, "getting SerNumSuffix").size() +
-        textProperty(control, &INorvel_OvalineCtrl::get_CustomAutoText, "getting CustomAutoText").size();
+    const std::size_t glyphs = readText(control, &INorvel_OvalineCtrl::get_TextData, "TextData").size() +
+                               readText(control, &INorvel_OvalineCtrl::get_SerialNumPrefix, "SerialNumPrefix").size() +
+                               readText(control, &INorvel_OvalineCtrl::get_SerNumStart, "SerNumStart").size() +
+                               readText(control, &INorvel_OvalineCtrl::get_SerNumSuffix, "SerNumSuffix").size() +
+                               readText(control, &INorvel_OvalineCtrl::get_CustomAutoText, "CustomAutoText").size();
     FLOAT height = 0;
     require(control.get_FontHeight(&height), "getting FontHeight");
     const FLOAT size = static_cast<FLOAT>(glyphs + kOtherGlyphs) * height;
@@ -87,7 +79,7 @@ std::vector<std::string> heldOtherwise(INorvel_OvalineCtrlTable& control, const 
 }
 
 std::string fontWarning(INorvel_OvalineCtrlTable& control) {
-    const std::u16string asked = textProperty(control, &INorvel_OvalineCtrl::get_FontName, "getting FontName");
+    const std::u16string asked = readText(control, &INorvel_OvalineCtrl::get_FontName, "FontName");
     const auto font = fontOf(control);
     if (!font) return "no font can be opened for " + toUtf8(asked) + ", the text marks nothing";
     const auto lowered = [](char16_t c) { return c >= u'A' && c <= u'Z' ? static_cast<char16_t>(c + 32) : c; };
@@ -96,11 +88,9 @@ std::string fontWarning(INorvel_OvalineCtrlTable& control) {
 }
 
 std::optional<std::size_t> glyphsOf(INorvel_OvalineCtrlTable& control) {
-    INT isStatic = 0;
-    require(control.GetArrayType(&isStatic), "GetArrayType");
     const auto font = fontOf(control);
-    if (isStatic != 1 || !font) return std::nullopt;
-    const std::u16string text = textProperty(control, &INorvel_OvalineCtrl::get_TextData, "getting TextData");
+    if (!isStaticText(control) || !font) return std::nullopt;
+    const std::u16string text = readText(control, &INorvel_OvalineCtrl::get_TextData, "TextData");
     return markedGlyphs(*font, text, figuresOf(control));
 }
 

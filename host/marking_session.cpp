@@ -1,8 +1,8 @@
 #include "host/marking_session.h"
 
 #include <algorithm>
-#include <array>
 
+#include "host/control_reader.h"
 #include "host/control_settings.h"
 #include "host/copy_list.h"
 #include "host/failure.h"
@@ -66,19 +66,14 @@ void MarkingSession::readPlacement(Result& result) {
     placement.dotsPerMillimetre = dotsPerMillimetre(job_);
     const Array array = readArray();
     result.copies = static_cast<std::size_t>(array.columns) * static_cast<std::size_t>(array.rows);
-    INT isStatic = 0;
-    require(control.GetArrayType(&isStatic), "GetArrayType");
-    if (isStatic == 1) placement.array = array;
+    if (isStaticText(control)) placement.array = array;
 
-    std::array<LONG, 4> sides{};
-    const NestedReference left(&sides[0], VT_I4), top(&sides[1], VT_I4), right(&sides[2], VT_I4),
-        bottom(&sides[3], VT_I4);
-    require(control.GetResultSize(left.outer(), top.outer(), right.outer(), bottom.outer()), "GetResultSize");
+    const ResultSize size = readResultSize(control);
     constexpr double kMicrometresPerMillimetre = 1000;
     // The result covers the array; what is placed is one copy.
     const Array& repeated = placement.array;
-    const double width = sides[2] / kMicrometresPerMillimetre - (repeated.columns - 1) * repeated.columnOffset;
-    const double height = sides[3] / kMicrometresPerMillimetre - (repeated.rows - 1) * repeated.rowOffset;
+    const double width = size.width / kMicrometresPerMillimetre - (repeated.columns - 1) * repeated.columnOffset;
+    const double height = size.height / kMicrometresPerMillimetre - (repeated.rows - 1) * repeated.rowOffset;
     placement.width = std::max(0.0, width);
     placement.height = std::max(0.0, height);
 }
