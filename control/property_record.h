@@ -1,15 +1,13 @@
-// The property record: the settings that one call moves between a control and a caller's buffer.
+// The property record and the settings.
 #pragma once
 
 #include <cstddef>
 #include <span>
 
+#include "control/interface/property_record.h"
 #include "control/text_settings.h"
 
 namespace ovaline {
-
-/// Bytes of a record: fields at fixed offsets, little-endian, singles and 32-bit integers but for one of 16 bits.
-constexpr std::size_t kPropertyRecordSize = 272;
 
 /// Writes the whole record. A field keeps every bit, but for the position and size of the actual rectangle, which
 /// are whole micrometres in the settings and travel in the unit of `Measurement`. Reserved bytes are zero.

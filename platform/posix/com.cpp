@@ -3,6 +3,14 @@
 #include <cstdlib>
 #include <limits>
 
+void* CoTaskMemAlloc(std::size_t size) {
+    return std::malloc(size);
+}
+
+void CoTaskMemFree(void* memory) {
+    std::free(memory);
+}
+
 // A BSTR points behind its length in bytes and is followed by a terminating zero that the length does not count.
 BSTR SysAllocStringLen(const OLECHAR* text, UINT count) {
     constexpr UINT kLongest = (std::numeric_limits<UINT>::max() - 16) / sizeof(OLECHAR);

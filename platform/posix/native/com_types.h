@@ -2,6 +2,7 @@
 // Sizes, field orders, slot orders and values are those of the published headers; only what is used is declared.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <cstring>
 
@@ -239,8 +240,14 @@ inline constexpr IID IID_IUnknown{0x00000000, 0, 0, {0xC0, 0, 0, 0, 0, 0, 0, 0x4
 inline constexpr IID IID_IClassFactory{0x00000001, 0, 0, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}};
 inline constexpr IID IID_IDispatch{0x00020400, 0, 0, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}};
 
+#include "native/property_interfaces.h"
+
 #include "native/ole_interfaces.h"
 #include "native/persist_interfaces.h"
+
+/// Memory that one object allocates and another frees. Null where it is exhausted.
+void* CoTaskMemAlloc(std::size_t size);
+void CoTaskMemFree(void* memory);
 
 /// New BSTR of `count` code units copied from `text` (zeros where `text` is null). Null where memory is exhausted.
 BSTR SysAllocStringLen(const OLECHAR* text, UINT count);

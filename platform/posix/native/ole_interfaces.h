@@ -9,7 +9,6 @@ struct IEnumSTATDATA;
 struct IOleInPlaceFrame;
 struct IOleInPlaceUIWindow;
 struct IOleContainer;
-struct MSG;
 struct LOGPALETTE;
 struct FORMATETC;
 struct STGMEDIUM;
