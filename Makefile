@@ -1,6 +1,6 @@
 # Front door. Every goal first installs what is missing (scripts/setup.sh), so a fresh machine needs git and make alone.
 
-.PHONY: run build test bench fuzz asan tidy format windows setup clean gallery
+.PHONY: run build test bench fuzz asan tidy format windows package setup clean gallery
 
 run: build
 	scripts/run.sh
@@ -32,6 +32,10 @@ windows:
 	scripts/setup.sh windows
 	cmake --preset windows-i686
 	cmake --build --preset windows-i686
+
+package: build
+	scripts/setup.sh package
+	scripts/package.sh
 
 tidy: build
 	scripts/setup.sh tidy

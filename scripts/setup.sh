@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that the build, the tests and the benchmarks need, as root or by sudo. With "windows" also
-# the cross compiler, with "tidy" the static analyser. Does nothing where they are all there.
+# the cross compiler, with "tidy" the static analyser, with "package" what packs. Does nothing where they are all there.
 set -euo pipefail
 
 packages=(
@@ -16,6 +16,10 @@ if [ "${1:-}" = windows ]; then
 fi
 if [ "${1:-}" = tidy ]; then
     packages+=(clang-tidy)
+fi
+
+if [ "${1:-}" = package ]; then
+    packages+=(dpkg-dev file)
 fi
 
 missing=()
