@@ -128,10 +128,35 @@ private:
     Extent seen_;     ///< of the canvas, in pixels
 };
 
+/// The copies of a path as figures of one path.
+GraphicsPath copiesOf(const GraphicsPath& path, const CopyGrid& grid) {
+    GraphicsPath all;
+    for (std::int32_t row = 0; row < grid.rows; ++row) {
+        for (std::int32_t column = 0; column < grid.columns; ++column) {
+            const PointF offset = grid.offset(column, row);
+            Matrix move;
+            GdipTranslateMatrix(move, offset.X, offset.Y);
+            GraphicsPath copy = path;
+            GdipTransformPath(copy, &move);
+            GdipAddPathPath(all, copy);
+        }
+    }
+    return all;
+}
+
 }  // namespace
 
 void drawPreview(const PreviewJob& job, platform::Canvas& canvas) {
-    Preview(job, canvas).draw();
+    const bool severalFrames = job.kept.columns > 1 || job.kept.rows > 1;
+    if (job.composed || !severalFrames) return Preview(job, canvas).draw();
+    // The settings became those of a static text after the copies had been composed, and nothing was built since: the
+    // array repeats what is kept, all copies of it.
+    const GraphicsPath frame = copiesOf(job.frame, job.kept);
+    const GraphicsPath guide = copiesOf(job.guide, job.kept);
+    const PreviewJob repeated{job.text,   job.fill,         frame,        guide,
+                              CopyGrid(), job.array,        job.composed, job.boxesOverlap,
+                              job.style,  job.pixelsPerDot, job.left,     job.top};
+    Preview(repeated, canvas).draw();
 }
 
 }  // namespace ovaline

@@ -146,6 +146,15 @@ TEST_F(PreviewTest, ComposedTextHoldsItsCopiesAndEachHasAFrame) {
     EXPECT_EQ(draw()[1], "clip path M100,50 L280,50 L280,110 L100,110 Z M200,50 L380,50 L380,110 L200,110 Z");
 }
 
+TEST_F(PreviewTest, WhatIsKeptIsRepeatedWholeWhereTheSettingsTurnedStatic) {
+    job.kept = {2, 1, 50, 0};
+    job.array = {1, 2, 0, 100};
+    EXPECT_THAT(draw(), IsSupersetOf(Log{"clip box 100,50 180x260",
+                                         "stroke ffbebebe 1 dash M100,50 L180,50 L180,110 M200,50 L280,50 L280,110 "
+                                         "M100,250 L180,250 L180,310 M200,250 L280,250 L280,310",
+                                         "fill ffbebebe ellipse 273,303 6x6"}));
+}
+
 TEST_F(PreviewTest, BoxesThatOverlapAreAddedToTheClip) {
     job.style.invert = true;
     job.array = {2, 1, 30, 0};
