@@ -2,21 +2,20 @@
 
 #include <array>
 
+#include "platform/posix/resource_languages.h"
+
 namespace ovaline::platform {
 
 namespace {
 
-constexpr std::array<std::uint16_t, 6> kLanguages = {1031, 1033, 1041, 1045, 1049, 2052};
-// What is marked must not depend on the language of whoever starts the host.
-constexpr std::uint16_t kDefaultLanguage = 1033;
-
 struct Entry {
     std::uint32_t id;
-    std::array<const char16_t*, kLanguages.size()> texts;
+    std::array<const char16_t*, kResourceLanguages.size()> texts;
 };
 
 constexpr Entry kStrings[] = {
-#define STRING(id, ...) {id, {__VA_ARGS__}},
+#define STRING(id, german, english, japanese, polish, russian, chinese) \
+    {id, {u##german, u##english, u##japanese, u##polish, u##russian, u##chinese}},
 #include "platform/resource_strings.inc"
 #undef STRING
 };
@@ -24,11 +23,10 @@ constexpr Entry kStrings[] = {
 }  // namespace
 
 std::optional<std::u16string> loadString(std::uint32_t id, std::uint16_t languageId) {
-    for (const Entry& entry : kStrings) {
-        if (entry.id != id) continue;
-        for (std::size_t i = 0; i < kLanguages.size(); ++i)
-            if (kLanguages[i] == languageId) return entry.texts[i];
-    }
+    const auto language = placeOfLanguage(languageId);
+    if (!language) return std::nullopt;
+    for (const Entry& entry : kStrings)
+        if (entry.id == id) return entry.texts[*language];
     return std::nullopt;
 }
 
