@@ -24,7 +24,8 @@ struct ControlState {
     std::optional<bool> checked;                       ///< of check boxes and radio buttons
     std::optional<int> selected;                       ///< of lists; -1 without a selection
     std::optional<std::vector<std::u16string>> items;  ///< of lists, in the order that a person sees
-    std::optional<std::optional<int>> limit;           ///< of edits: most code units, none without a limit
+    std::optional<std::optional<int>> limit;           ///< of edits: most code units, none without a limit; to be set
+                                                       ///< with emplace(), as an empty limit assigned is no edit
     std::optional<bool> digitsOnly;                    ///< of edits
     std::optional<std::pair<int, int>> range;          ///< of spin buttons
 };
@@ -49,14 +50,16 @@ public:
     /// No value where the dialog has no such control.
     virtual std::optional<ControlState> read(int id) const = 0;
 
-    /// Types over what an edit holds: it is emptied without a report, then each character arrives as a keystroke does.
-    /// A refused character is left out.
+    /// Types over what an edit holds: it is emptied without a report, then each character arrives as a keystroke does,
+    /// a surrogate pair as one. Backspace (U+0008) takes away the character before the caret; other control characters
+    /// and whatever the edit refuses are left out. A text that the owner sets meanwhile has the caret before it.
     virtual Refusal type(int id, std::u16string_view text) = 0;
     /// Chooses the item of a drop-down list, or selects it in a list box.
     virtual Refusal select(int id, int item) = 0;
     virtual Refusal click(int id) = 0;
     virtual Refusal doubleClick(int id, int item) = 0;
-    /// Clicks up that many times, or down where negative. At most 10,000 times.
+    /// Clicks up that many times, or down where negative. At most 10,000 times. What the owner hides meanwhile takes no
+    /// more clicks or keystrokes.
     virtual Refusal spin(int id, int clicks) = 0;
 
     /// Size of a picture in pixels; no value where the dialog has no such picture.

@@ -2,7 +2,7 @@
 //
 // A control is named by the id that its template gives it. An operation on an id that the dialog does not have, or on a
 // control of another kind, does nothing and answers as an empty control would. Items of lists count from 0; -1 is no
-// item. Texts are UTF-16.
+// item. Texts are UTF-16 and end at their first zero.
 #pragma once
 
 #include <cstdint>
@@ -59,7 +59,8 @@ public:
     /// The text read as a signed decimal number: leading white space, a sign, digits up to any other character. 0 where
     /// there are no digits or the number does not fit 32 bits.
     virtual std::int32_t number(int id) const = 0;
-    /// At most that many UTF-16 code units can be typed into an edit; 0 takes the limit away. The text stays as it is.
+    /// At most that many UTF-16 code units can be typed into an edit; 0 takes the limit away, when 32767 can. The text
+    /// stays as it is.
     virtual void setTextLimit(int id, int most) = 0;
     /// Whether only the digits 0 to 9 can be typed into an edit.
     virtual void setDigitsOnly(int id, bool digitsOnly) = 0;
@@ -71,7 +72,7 @@ public:
     /// Hiding or showing one that is so already does nothing.
     virtual void show(int id, bool visible) = 0;
 
-    /// Appends an item, or puts it in alphabetical place in a sorted list; its place.
+    /// Appends an item, or puts it in alphabetical place in a sorted list; its place. The selection stays with its item.
     virtual int addItem(int id, std::u16string_view text) = 0;
     virtual void clearItems(int id) = 0;
     virtual std::u16string itemText(int id, int item) const = 0;
@@ -92,7 +93,9 @@ public:
 };
 
 /// The dialog of template `templateId` in language `languageId`, on `parent`, invisible at first. `events` outlives it.
-/// Null where there is no such template in that language, `parent` is none or the platform can't make it.
+/// `parent` is a window, where the platform has none that of a DialogFrame; it may go before the dialog, which then
+/// takes part in nothing any more. Null where there is no such template in that language, `parent` is none or holds a
+/// dialog already, or the platform can't make it.
 std::unique_ptr<Dialog> makeDialog(std::uint32_t templateId, std::uint16_t languageId, HWND parent,
                                    DialogEvents& events);
 
