@@ -8,8 +8,8 @@
 
 namespace ovaline {
 
-/// Most points that the text of all copies may have. They take 900 MB, and an export some five times that for its index:
-/// more would drive an ordinary machine to its disk. 255 × 255 copies of the start-up texts need 57 million.
+/// Most points that the text of all copies may have. They take 900 MB, and an export some five times that for its
+/// index: more would drive an ordinary machine to its disk. 255 × 255 copies of the start-up texts need 57 million.
 constexpr std::size_t kMostTextPoints = 100'000'000;
 
 /// Appends the text of every copy to `target` through `copies`, each at its place in `grid`. False where they would

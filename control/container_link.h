@@ -12,7 +12,14 @@ public:
     /// Null takes the site back. The in-place site is the client site's own, where it has one.
     void setClientSite(IOleClientSite* site);
     platform::ComPtr<IOleClientSite> clientSite() const { return clientSite_; }
+    platform::ComPtr<IOleInPlaceSite> inPlaceSite() const { return inPlaceSite_; }
+    /// The container's side for controls; empty where it has none.
+    platform::ComPtr<IOleControlSite> controlSite() const;
+    /// Whether the container says that its user is laying out a form, rather than working with it.
+    bool designing() const;
 
+    /// Sets the sink for changes of the view. ADVF_PRIMEFIRST tells it at once, ADVF_ONLYONCE lets it go after the
+    /// first time.
     void setAdviseSink(DWORD aspects, DWORD flags, IAdviseSink* sink);
     DWORD adviseAspects() const { return adviseAspects_; }
     DWORD adviseFlags() const { return adviseFlags_; }
@@ -20,8 +27,8 @@ public:
 
     /// Asks the container to move the control to this rectangle, in pixels.
     void requestPosition(const RECT& rectangle) const;
-    /// Tells the container that the view changed, so that it repaints.
-    void requestRepaint() const;
+    /// Tells the advise sink that the content's view changed, on all pages.
+    void reportViewChange();
 
 private:
     platform::ComPtr<IOleClientSite> clientSite_;

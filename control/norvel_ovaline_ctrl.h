@@ -1,15 +1,22 @@
 // CNorvel_OvalineCtrl: the control object that a host creates, one for each marking object of its job.
 #pragma once
 
-#include <atomic>
 #include <cstddef>
 #include <optional>
 #include <span>
 
+#include "control/advise_holder.h"
+#include "control/class_description.h"
+#include "control/connection_points.h"
 #include "control/container_link.h"
+#include "control/data_object.h"
+#include "control/in_place.h"
 #include "control/interface/norvel_ovaline_ctrl.h"
 #include "control/kept_paths.h"
+#include "control/ole_control.h"
+#include "control/part.h"
 #include "control/persistence.h"
+#include "control/quick_activate.h"
 #include "control/text_settings.h"
 #include "geometry/layout_font.h"
 #include "output/raster.h"
@@ -19,15 +26,21 @@
 namespace ovaline {
 
 /// Holds the settings and the paths that the last regeneration made of them. Lives in one apartment: every operation
-/// runs on the thread that created it.
+/// runs on the thread that created it. The interfaces that need little of it are parts of their own, below.
 class CNorvel_OvalineCtrl final : public INorvel_OvalineCtrlTable,
                                   public IOleObject,
-                                  public IViewObject,
+                                  public IViewObjectEx,
                                   public IPersistStreamInit,
                                   public IPersistStorage {
 public:
-    /// A control with its start-up settings and empty paths, holding one reference for the caller.
-    static CNorvel_OvalineCtrl* create(platform::FontService& fonts, const platform::Clock& clock, float screenDpi);
+    /// A control with its start-up settings and empty paths, holding one reference for the caller. With an `outer`
+    /// object, which then is not held, the control is part of it, and the reference is one of `inner()`.
+    static CNorvel_OvalineCtrl* create(platform::FontService& fonts, const platform::Clock& clock, float screenDpi,
+                                       platform::WindowSystem& windows = platform::systemWindows(),
+                                       IUnknown* outer = nullptr);
+
+    /// The unknown that the owner of the control holds; every other one is the outer object's, where there is one.
+    IUnknown& inner() { return inner_; }
 
     const TextSettings& settings() const { return settings_; }
     const KeptPaths& paths() const { return paths_; }
@@ -52,8 +65,7 @@ public:
 #undef METHOD
 #undef TABLE_PROPERTY
 
-    // IOleObject: the site is held; what belongs to embedding, moniker and verb handling is answered as published for
-    // an object without it.
+    // IOleObject: what belongs to embedded documents is answered as published for an object without it.
     HRESULT STDMETHODCALLTYPE SetClientSite(IOleClientSite* site) override;
     HRESULT STDMETHODCALLTYPE GetClientSite(IOleClientSite** site) override;
     HRESULT STDMETHODCALLTYPE SetHostNames(LPCOLESTR application, LPCOLESTR object) override;
@@ -77,7 +89,7 @@ public:
     HRESULT STDMETHODCALLTYPE GetMiscStatus(DWORD aspect, DWORD* status) override;
     HRESULT STDMETHODCALLTYPE SetColorScheme(LOGPALETTE* palette) override;
 
-    // IViewObject: the advise sink is held.
+    // IViewObjectEx: the picture is transparent around the text, and a hit is one on the control's rectangle.
     HRESULT STDMETHODCALLTYPE Draw(DWORD aspect, LONG index, void* aspectInfo, DVTARGETDEVICE* device, HDC targetDc,
                                    HDC drawDc, LPCRECTL bounds, LPCRECTL windowBounds,
                                    BOOL(STDMETHODCALLTYPE* proceed)(ULONG_PTR), ULONG_PTR context) override;
@@ -87,6 +99,14 @@ public:
     HRESULT STDMETHODCALLTYPE Unfreeze(DWORD freeze) override;
     HRESULT STDMETHODCALLTYPE SetAdvise(DWORD aspects, DWORD flags, IAdviseSink* sink) override;
     HRESULT STDMETHODCALLTYPE GetAdvise(DWORD* aspects, DWORD* flags, IAdviseSink** sink) override;
+    HRESULT STDMETHODCALLTYPE GetExtent(DWORD aspect, LONG index, DVTARGETDEVICE* device, SIZEL* size) override;
+    HRESULT STDMETHODCALLTYPE GetRect(DWORD aspect, RECTL* rectangle) override;
+    HRESULT STDMETHODCALLTYPE GetViewStatus(DWORD* status) override;
+    HRESULT STDMETHODCALLTYPE QueryHitPoint(DWORD aspect, LPCRECT bounds, POINT point, LONG close, DWORD* hit) override;
+    HRESULT STDMETHODCALLTYPE QueryHitRect(DWORD aspect, LPCRECT bounds, LPCRECT rectangle, LONG close,
+                                           DWORD* hit) override;
+    HRESULT STDMETHODCALLTYPE GetNaturalExtent(DWORD aspect, LONG index, DVTARGETDEVICE* device, HDC targetDc,
+                                               DVEXTENTINFO* info, SIZEL* size) override;
 
     // IPersistStreamInit and IPersistStorage, which share their first two operations. Only the extent is saved; the
     // control is dirty while that differs from what is stored.
@@ -103,8 +123,21 @@ public:
     HRESULT STDMETHODCALLTYPE HandsOffStorage() override;
 
 private:
-    CNorvel_OvalineCtrl(platform::FontService& fonts, const platform::Clock& clock, float screenDpi);
+    friend class InnerUnknown<CNorvel_OvalineCtrl>;
+
+    CNorvel_OvalineCtrl(platform::FontService& fonts, const platform::Clock& clock, float screenDpi,
+                        platform::WindowSystem& windows, IUnknown* outer);
     ~CNorvel_OvalineCtrl() = default;
+
+    /// The address of one of the control's own interfaces, null where it has none.
+    void* ownInterface(REFIID riid);
+    /// The control as its parts know it.
+    IUnknown& whole() {
+        return static_cast<INorvel_OvalineCtrlTable&>(*this);
+    }
+    platform::ComPtr<IUnknown> keepAlive() {
+        return platform::ComPtr<IUnknown>::share(&whole());
+    }
 
     /// Rebuilds the paths and the result, and asks the container for the new rectangle. Where memory does not suffice
     /// the paths are left empty.
@@ -113,6 +146,8 @@ private:
     void OnDraw(HDC dc, const RECTL& bounds);
     /// What every regenerating operation does after it stored its value.
     void update();
+    /// What a container's user sees of the settings: the container's own frame, else the platform's.
+    HRESULT showProperties(HWND parent, LPCRECT position);
     /// Runs a store and, if it stored, `update`. No exception leaves the control.
     template <typename Store>
     HRESULT storeAndUpdate(Store&& store);
@@ -124,7 +159,7 @@ private:
     void renderHeldRaster();
 
     platform::ModuleLock moduleLock_;
-    std::atomic<ULONG> references_{1};
+    InnerUnknown<CNorvel_OvalineCtrl> inner_;
     platform::FontService& fonts_;
     const platform::Clock& clock_;
     LayoutFont font_;
@@ -136,6 +171,14 @@ private:
     SIZEL extent_ = kStartUpExtent;
     std::optional<SIZEL> storedExtent_;  // what the container's stream or storage holds
     StorageState storageState_;
+    AdviseHolder adviseHolder_;
+
+    OleControl oleControl_;
+    ClassDescription classDescription_;
+    ConnectionPoints connectionPoints_;
+    InPlace inPlace_;
+    DataObject dataObject_;
+    QuickSetUp quickSetUp_;
 };
 
 }  // namespace ovaline

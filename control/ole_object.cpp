@@ -1,13 +1,16 @@
-// The control's side of IOleObject and IViewObject.
-#include <memory>
-#include <new>
+// The control's side of IOleObject.
+#include <cstring>
 
+#include "control/interface/class_ids.h"
 #include "control/norvel_ovaline_ctrl.h"
-#include "control/settings_slices.h"
+#include "platform/property_frame.h"
 
 namespace ovaline {
 
 HRESULT CNorvel_OvalineCtrl::SetClientSite(IOleClientSite* site) {
+    const auto alive = keepAlive();
+    // The activation belongs to the site that it was made with.
+    if (site != container_.clientSite().get()) inPlace_.InPlaceDeactivate();
     container_.setClientSite(site);
     return S_OK;
 }
@@ -23,29 +26,78 @@ HRESULT CNorvel_OvalineCtrl::SetHostNames(LPCOLESTR, LPCOLESTR) {
     return S_OK;
 }
 
-// The host keeps the settings; there is nothing to save and no view to take down.
-HRESULT CNorvel_OvalineCtrl::Close(DWORD) {
+// There is nobody to ask whether to save, so the option to ask saves what changed.
+HRESULT CNorvel_OvalineCtrl::Close(DWORD saveOption) {
+    const auto alive = keepAlive();
+    inPlace_.InPlaceDeactivate();
+    if (saveOption != OLECLOSE_NOSAVE && IsDirty() == S_OK) {
+        const auto site = container_.clientSite();
+        if (site && SUCCEEDED(site->SaveObject())) adviseHolder_.sendSave();
+    }
+    adviseHolder_.sendClose();
+    container_.setAdviseSink(0, 0, nullptr);
     return S_OK;
 }
 
 HRESULT CNorvel_OvalineCtrl::SetMoniker(DWORD, IMoniker*) {
     return E_NOTIMPL;
 }
-HRESULT CNorvel_OvalineCtrl::GetMoniker(DWORD, DWORD, IMoniker**) {
-    return E_NOTIMPL;
+
+HRESULT CNorvel_OvalineCtrl::GetMoniker(DWORD assign, DWORD which, IMoniker** moniker) {
+    if (!moniker) return E_POINTER;
+    *moniker = nullptr;
+    const auto site = container_.clientSite();
+    return site ? site->GetMoniker(assign, which, moniker) : E_UNEXPECTED;
 }
+
 HRESULT CNorvel_OvalineCtrl::InitFromData(IDataObject*, BOOL, DWORD) {
     return E_NOTIMPL;
 }
-HRESULT CNorvel_OvalineCtrl::GetClipboardData(DWORD, IDataObject**) {
+
+HRESULT CNorvel_OvalineCtrl::GetClipboardData(DWORD, IDataObject** data) {
+    if (data) *data = nullptr;
     return E_NOTIMPL;
 }
-HRESULT CNorvel_OvalineCtrl::DoVerb(LONG, MSG*, IOleClientSite*, LONG, HWND, LPCRECT) {
-    return E_NOTIMPL;
+
+HRESULT CNorvel_OvalineCtrl::DoVerb(LONG verb, MSG* message, IOleClientSite* site, LONG index, HWND parent,
+                                    LPCRECT position) {
+    switch (verb) {
+        case OLEIVERB_PRIMARY:
+            return container_.designing() ? showProperties(parent, position) : inPlace_.activateUi();
+        case OLEIVERB_SHOW:
+        case OLEIVERB_INPLACEACTIVATE:
+            return inPlace_.activate();
+        case OLEIVERB_UIACTIVATE:
+            return inPlace_.activateUi();
+        case OLEIVERB_HIDE:
+            inPlace_.hide();
+            return S_OK;
+        case OLEIVERB_DISCARDUNDOSTATE:
+            return S_OK;
+        case OLEIVERB_PROPERTIES:
+            return showProperties(parent, position);
+        default:
+            break;
+    }
+    if (verb < 0) return E_NOTIMPL;
+    // Of the verbs that a class may define the control has none; the primary one stands in for them.
+    const HRESULT hr = DoVerb(OLEIVERB_PRIMARY, message, site, index, parent, position);
+    return SUCCEEDED(hr) ? OLEOBJ_S_INVALIDVERB : hr;
 }
-HRESULT CNorvel_OvalineCtrl::EnumVerbs(IEnumOLEVERB**) {
-    return OLE_S_USEREG;
+
+HRESULT CNorvel_OvalineCtrl::showProperties(HWND parent, LPCRECT position) {
+    const auto alive = keepAlive();
+    const auto site = container_.controlSite();
+    if (site && site->ShowPropertyFrame() == S_OK) return S_OK;
+    return platform::showPropertyFrame(parent, position ? *position : RECT{}, kControlDescription.data(), whole(),
+                                       kPropertyPages);
 }
+
+HRESULT CNorvel_OvalineCtrl::EnumVerbs(IEnumOLEVERB** verbs) {
+    if (verbs) *verbs = nullptr;
+    return OLEOBJ_E_NOVERBS;
+}
+
 HRESULT CNorvel_OvalineCtrl::Update() {
     return S_OK;
 }
@@ -59,8 +111,14 @@ HRESULT CNorvel_OvalineCtrl::GetUserClassID(CLSID* id) {
     return S_OK;
 }
 
-HRESULT CNorvel_OvalineCtrl::GetUserType(DWORD, LPOLESTR*) {
-    return OLE_S_USEREG;
+// The class has one name, for every form of it.
+HRESULT CNorvel_OvalineCtrl::GetUserType(DWORD, LPOLESTR* type) {
+    if (!type) return E_POINTER;
+    constexpr std::size_t kSize = (kControlDescription.size() + 1) * sizeof(OLECHAR);
+    *type = static_cast<LPOLESTR>(CoTaskMemAlloc(kSize));
+    if (!*type) return E_OUTOFMEMORY;
+    std::memcpy(*type, kControlDescription.data(), kSize);
+    return S_OK;
 }
 
 HRESULT CNorvel_OvalineCtrl::SetExtent(DWORD aspect, SIZEL* size) {
@@ -77,70 +135,27 @@ HRESULT CNorvel_OvalineCtrl::GetExtent(DWORD aspect, SIZEL* size) {
     return S_OK;
 }
 
-HRESULT CNorvel_OvalineCtrl::Advise(IAdviseSink*, DWORD*) {
-    return OLE_E_ADVISENOTSUPPORTED;
+HRESULT CNorvel_OvalineCtrl::Advise(IAdviseSink* sink, DWORD* connection) {
+    return adviseHolder_.advise(sink, connection);
 }
-HRESULT CNorvel_OvalineCtrl::Unadvise(DWORD) {
-    return OLE_E_ADVISENOTSUPPORTED;
+
+HRESULT CNorvel_OvalineCtrl::Unadvise(DWORD connection) {
+    const auto alive = keepAlive();
+    return adviseHolder_.unadvise(connection);
 }
-HRESULT CNorvel_OvalineCtrl::EnumAdvise(IEnumSTATDATA**) {
-    return OLE_E_ADVISENOTSUPPORTED;
+
+HRESULT CNorvel_OvalineCtrl::EnumAdvise(IEnumSTATDATA** made) {
+    return adviseHolder_.enumerate(made);
 }
-HRESULT CNorvel_OvalineCtrl::GetMiscStatus(DWORD, DWORD*) {
-    return OLE_S_USEREG;
+
+HRESULT CNorvel_OvalineCtrl::GetMiscStatus(DWORD aspect, DWORD* status) {
+    if (!status) return E_POINTER;
+    *status = aspect == DVASPECT_CONTENT ? kControlMiscStatus : 0;
+    return S_OK;
 }
+
 HRESULT CNorvel_OvalineCtrl::SetColorScheme(LOGPALETTE*) {
     return E_NOTIMPL;
-}
-
-HRESULT CNorvel_OvalineCtrl::Draw(DWORD aspect, LONG, void*, DVTARGETDEVICE*, HDC, HDC drawDc, LPCRECTL bounds,
-                                  LPCRECTL, BOOL(STDMETHODCALLTYPE*)(ULONG_PTR), ULONG_PTR) {
-    if (aspect != DVASPECT_CONTENT) return DV_E_DVASPECT;
-    if (!bounds) return E_INVALIDARG;
-    OnDraw(drawDc, *bounds);
-    return S_OK;
-}
-
-void CNorvel_OvalineCtrl::OnDraw(HDC dc, const RECTL& bounds) {
-    settings_.ScreenLeft = static_cast<float>(bounds.left);
-    settings_.ScreenTop = static_cast<float>(bounds.top);
-    settings_.ScreenWidth = static_cast<float>(bounds.right) - static_cast<float>(bounds.left);
-    settings_.ScreenHeight = static_cast<float>(bounds.bottom) - static_cast<float>(bounds.top);
-    try {
-        const std::unique_ptr<platform::Canvas> canvas = platform::makeCanvas(dc);
-        if (!canvas) return;
-        PreviewJob job = previewJobOf(settings_, paths_, canvas->pixelsPerInch());
-        job.left = settings_.ScreenLeft;
-        job.top = settings_.ScreenTop;
-        drawPreview(job, *canvas);
-    } catch (const std::bad_alloc&) {
-        // A picture that memory does not suffice for stays as far as it was drawn.
-    }
-}
-
-HRESULT CNorvel_OvalineCtrl::GetColorSet(DWORD, LONG, void*, DVTARGETDEVICE*, HDC, LOGPALETTE**) {
-    return E_NOTIMPL;
-}
-HRESULT CNorvel_OvalineCtrl::Freeze(DWORD, LONG, void*, DWORD*) {
-    return E_NOTIMPL;
-}
-HRESULT CNorvel_OvalineCtrl::Unfreeze(DWORD) {
-    return E_NOTIMPL;
-}
-
-HRESULT CNorvel_OvalineCtrl::SetAdvise(DWORD aspects, DWORD flags, IAdviseSink* sink) {
-    container_.setAdviseSink(aspects, flags, sink);
-    return S_OK;
-}
-
-HRESULT CNorvel_OvalineCtrl::GetAdvise(DWORD* aspects, DWORD* flags, IAdviseSink** sink) {
-    if (aspects) *aspects = container_.adviseAspects();
-    if (flags) *flags = container_.adviseFlags();
-    if (sink) {
-        *sink = container_.adviseSink().get();
-        if (*sink) (*sink)->AddRef();
-    }
-    return S_OK;
 }
 
 }  // namespace ovaline

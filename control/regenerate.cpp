@@ -14,15 +14,6 @@ namespace ovaline {
 
 namespace {
 
-/// Turns a point by `angle` degrees counter-clockwise on the screen about the centre of `box`.
-Matrix rotationMatrix(const RectF& box, float angle) {
-    Matrix matrix;
-    GdipTranslateMatrix(matrix, box.Width / 2, box.Height / 2);
-    GdipRotateMatrix(matrix, -angle);
-    GdipTranslateMatrix(matrix, -(box.Width / 2), -(box.Height / 2));
-    return matrix;
-}
-
 /// Mirrors about the centre lines of `frame`. The flags are -1 when set; nothing where neither is.
 std::optional<Matrix> mirrorMatrix(const RectF& frame, std::int32_t horizontal, std::int32_t vertical) {
     if (horizontal == 0 && vertical == 0) return std::nullopt;
@@ -41,7 +32,7 @@ public:
         : paths(std::move(reused)),
           settings_(settings),
           layout_(ellipseLayout(layoutInputOf(settings), fonts, font)),
-          rotation_(rotationMatrix(layoutBoxOf(settings), settings.Angle)) {}
+          rotation_(rotationInBox(layoutBoxOf(settings), settings.Angle)) {}
 
     /// Builds all paths but the fill. False where the copies are too many.
     bool build(const platform::Clock& clock) {

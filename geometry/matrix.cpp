@@ -38,4 +38,12 @@ void GdipRotateMatrix(Matrix& matrix, float angle) {
     matrix = composed({cosine, sine, -sine, cosine, 0, 0}, matrix);
 }
 
+Matrix rotationInBox(const RectF& box, float angle) {
+    Matrix matrix;
+    GdipTranslateMatrix(matrix, box.Width / 2, box.Height / 2);
+    GdipRotateMatrix(matrix, -angle);
+    GdipTranslateMatrix(matrix, -(box.Width / 2), -(box.Height / 2));
+    return matrix;
+}
+
 }  // namespace ovaline

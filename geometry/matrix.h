@@ -43,4 +43,8 @@ void GdipScaleMatrix(Matrix& matrix, float sx, float sy);
 /// Rotates about the origin by `angle` degrees, positive from +x towards +y.
 void GdipRotateMatrix(Matrix& matrix, float angle);
 
+/// Turns a point by `angle` degrees counter-clockwise on the screen about the centre of `box`, whose corner is the
+/// origin.
+Matrix rotationInBox(const RectF& box, float angle);
+
 }  // namespace ovaline

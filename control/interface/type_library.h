@@ -31,7 +31,8 @@ struct ValueType {
 };
 
 enum class MemberKind { Property, Method, TableProperty };
-enum class MethodResult { In, Out, Retval };
+/// What a method's parameters give back, as `members.inc` lists it. Restricted is Out, kept from scripts.
+enum class MethodResult { In, Out, Restricted, Retval };
 
 /// Calls one slot. `arguments` are in the order of the declaration and have exactly the types that the member's
 /// parameters have; an out argument is overwritten.

@@ -62,7 +62,7 @@ TEST_F(ControlTest, ArrayDimensionsOutsideTheirRangeAreRefused) {
     control->SetAdvise(DVASPECT_CONTENT, 0, &container);
     for (const LONG value : {1, 255}) EXPECT_EQ(control->put_ArrayXDimension(value), S_OK);
     container.events.clear();
-    for (const LONG value : {0, 256, -1, std::numeric_limits<LONG>::min()}) {
+    for (const LONG value : {LONG{0}, LONG{256}, LONG{-1}, std::numeric_limits<LONG>::min()}) {
         EXPECT_EQ(control->put_ArrayXDimension(value), S_FALSE);
         EXPECT_EQ(control->put_ArrayYDimension(value), S_FALSE);
     }

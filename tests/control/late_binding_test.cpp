@@ -9,7 +9,7 @@ namespace {
 class LateBindingTest : public ControlTest {
 protected:
     DISPID id(std::u16string name) {
-        LPOLESTR names[] = {name.data()};
+        LPOLESTR names[] = {oleText(name)};
         DISPID found = 0;
         hr = control->GetIDsOfNames(IID_NULL, names, 1, 0, &found);
         return found;
@@ -31,6 +31,8 @@ protected:
         variant.bstrVal = text;
         return variant;
     }
+    /// The same text under the interface's type.
+    static LPOLESTR oleText(std::u16string& text) { return reinterpret_cast<LPOLESTR>(text.data()); }
     HRESULT hr = S_OK;
     UINT argumentError = 99;
 };
@@ -43,7 +45,7 @@ TEST_F(LateBindingTest, NamesGiveTheirIdentifiers) {
     EXPECT_EQ(hr, DISP_E_UNKNOWNNAME);
     EXPECT_EQ(id(u"Breite"), DISPID_UNKNOWN);
     std::u16string method = u"SetScreenXY", parameter = u"top", wrong = u"bottom";
-    LPOLESTR names[] = {method.data(), parameter.data(), wrong.data()};
+    LPOLESTR names[] = {oleText(method), oleText(parameter), oleText(wrong)};
     DISPID ids[3] = {};
     EXPECT_EQ(control->GetIDsOfNames(IID_NULL, names, 3, 0, ids), DISP_E_UNKNOWNNAME);
     EXPECT_EQ(ids[0], 0x49);

@@ -76,14 +76,15 @@ public:
     ULONG STDMETHODCALLTYPE Release() override { return --references; }
     HRESULT STDMETHODCALLTYPE CreateStream(const OLECHAR* name, DWORD mode, DWORD, DWORD, IStream** stream) override {
         EXPECT_EQ(mode, STGM_WRITE | STGM_SHARE_EXCLUSIVE | STGM_CREATE);
-        streams[name].clear();
-        *stream = new MemoryStream(streams[name]);
+        Bytes& bytes = streams[std::u16string(platform::viewOf(name))];
+        bytes.clear();
+        *stream = new MemoryStream(bytes);
         return S_OK;
     }
     HRESULT STDMETHODCALLTYPE OpenStream(const OLECHAR* name, void*, DWORD mode, DWORD, IStream** stream) override {
         EXPECT_EQ(mode, STGM_READ | STGM_SHARE_EXCLUSIVE);
         *stream = nullptr;
-        const auto found = streams.find(name);
+        const auto found = streams.find(std::u16string(platform::viewOf(name)));
         if (found == streams.end()) return STG_E_FILENOTFOUND;
         *stream = new MemoryStream(found->second);
         return S_OK;

@@ -1,29 +1,48 @@
-// The published OLE interfaces between a control and its container that this system uses so far. Included by
-// native/com_types.h alone.
+// The published OLE interfaces between a control and its container. Included by native/com_types.h alone.
 #pragma once
 
-struct IMoniker;
-struct IDataObject;
+#include "native/data_interfaces.h"
+#include "native/in_place_interfaces.h"
+
 struct IEnumOLEVERB;
-struct IEnumSTATDATA;
-struct IOleInPlaceFrame;
-struct IOleInPlaceUIWindow;
 struct IOleContainer;
 struct LOGPALETTE;
-struct FORMATETC;
-struct STGMEDIUM;
-struct DVTARGETDEVICE;
-struct OLEINPLACEFRAMEINFO;
-using CLIPFORMAT = WORD;
 
-constexpr DWORD DVASPECT_CONTENT = 1;
+constexpr LONG OLEIVERB_PRIMARY = 0;
+constexpr LONG OLEIVERB_SHOW = -1;
+constexpr LONG OLEIVERB_HIDE = -3;
+constexpr LONG OLEIVERB_UIACTIVATE = -4;
+constexpr LONG OLEIVERB_INPLACEACTIVATE = -5;
+constexpr LONG OLEIVERB_DISCARDUNDOSTATE = -6;
+constexpr LONG OLEIVERB_PROPERTIES = -7;
 
-struct IAdviseSink : IUnknown {
-    virtual void STDMETHODCALLTYPE OnDataChange(FORMATETC* pFormatetc, STGMEDIUM* pStgmed) = 0;
-    virtual void STDMETHODCALLTYPE OnViewChange(DWORD dwAspect, LONG lindex) = 0;
-    virtual void STDMETHODCALLTYPE OnRename(IMoniker* pmk) = 0;
-    virtual void STDMETHODCALLTYPE OnSave() = 0;
-    virtual void STDMETHODCALLTYPE OnClose() = 0;
+constexpr DWORD OLECLOSE_NOSAVE = 1;
+
+constexpr DWORD OLEMISC_RECOMPOSEONRESIZE = 0x1;
+constexpr DWORD OLEMISC_CANTLINKINSIDE = 0x10;
+constexpr DWORD OLEMISC_INSIDEOUT = 0x80;
+constexpr DWORD OLEMISC_ACTIVATEWHENVISIBLE = 0x100;
+constexpr DWORD OLEMISC_SETCLIENTSITEFIRST = 0x20000;
+
+constexpr DWORD ADVF_PRIMEFIRST = 2;
+constexpr DWORD ADVF_ONLYONCE = 4;
+
+constexpr DWORD HITRESULT_OUTSIDE = 0;
+constexpr DWORD HITRESULT_HIT = 3;
+
+constexpr HRESULT OLEOBJ_S_INVALIDVERB = 0x00040180;
+constexpr HRESULT OLEOBJ_S_CANNOT_DOVERB_NOW = 0x00040181;
+constexpr HRESULT OLEOBJ_E_NOVERBS = statusCode(0x80040180);
+
+struct POINT {
+    LONG x, y;
+};
+
+constexpr DWORD DVEXTENT_CONTENT = 0;
+struct DVEXTENTINFO {
+    ULONG cb;
+    DWORD dwExtentMode;
+    SIZEL sizelProposed;
 };
 
 struct IOleClientSite : IUnknown {
@@ -33,26 +52,6 @@ struct IOleClientSite : IUnknown {
     virtual HRESULT STDMETHODCALLTYPE ShowObject() = 0;
     virtual HRESULT STDMETHODCALLTYPE OnShowWindow(BOOL fShow) = 0;
     virtual HRESULT STDMETHODCALLTYPE RequestNewObjectLayout() = 0;
-};
-
-struct IOleWindow : IUnknown {
-    virtual HRESULT STDMETHODCALLTYPE GetWindow(HWND* phwnd) = 0;
-    virtual HRESULT STDMETHODCALLTYPE ContextSensitiveHelp(BOOL fEnterMode) = 0;
-};
-
-struct IOleInPlaceSite : IOleWindow {
-    virtual HRESULT STDMETHODCALLTYPE CanInPlaceActivate() = 0;
-    virtual HRESULT STDMETHODCALLTYPE OnInPlaceActivate() = 0;
-    virtual HRESULT STDMETHODCALLTYPE OnUIActivate() = 0;
-    virtual HRESULT STDMETHODCALLTYPE GetWindowContext(IOleInPlaceFrame** ppFrame, IOleInPlaceUIWindow** ppDoc,
-                                                       RECT* lprcPosRect, RECT* lprcClipRect,
-                                                       OLEINPLACEFRAMEINFO* lpFrameInfo) = 0;
-    virtual HRESULT STDMETHODCALLTYPE Scroll(SIZE scrollExtant) = 0;
-    virtual HRESULT STDMETHODCALLTYPE OnUIDeactivate(BOOL fUndoable) = 0;
-    virtual HRESULT STDMETHODCALLTYPE OnInPlaceDeactivate() = 0;
-    virtual HRESULT STDMETHODCALLTYPE DiscardUndoState() = 0;
-    virtual HRESULT STDMETHODCALLTYPE DeactivateAndUndo() = 0;
-    virtual HRESULT STDMETHODCALLTYPE OnPosRectChange(LPCRECT lprcPosRect) = 0;
 };
 
 struct IOleObject : IUnknown {
@@ -92,9 +91,26 @@ struct IViewObject : IUnknown {
     virtual HRESULT STDMETHODCALLTYPE GetAdvise(DWORD* pAspects, DWORD* pAdvf, IAdviseSink** ppAdvSink) = 0;
 };
 
+struct IViewObject2 : IViewObject {
+    virtual HRESULT STDMETHODCALLTYPE GetExtent(DWORD dwDrawAspect, LONG lindex, DVTARGETDEVICE* ptd,
+                                                SIZEL* lpsizel) = 0;
+};
+
+struct IViewObjectEx : IViewObject2 {
+    virtual HRESULT STDMETHODCALLTYPE GetRect(DWORD dwAspect, RECTL* pRect) = 0;
+    virtual HRESULT STDMETHODCALLTYPE GetViewStatus(DWORD* pdwStatus) = 0;
+    virtual HRESULT STDMETHODCALLTYPE QueryHitPoint(DWORD dwAspect, LPCRECT pRectBounds, POINT ptlLoc, LONG lCloseHint,
+                                                    DWORD* pHitResult) = 0;
+    virtual HRESULT STDMETHODCALLTYPE QueryHitRect(DWORD dwAspect, LPCRECT pRectBounds, LPCRECT pRectLoc,
+                                                   LONG lCloseHint, DWORD* pHitResult) = 0;
+    virtual HRESULT STDMETHODCALLTYPE GetNaturalExtent(DWORD dwAspect, LONG lindex, DVTARGETDEVICE* ptd,
+                                                       HDC hicTargetDev, DVEXTENTINFO* pExtentInfo, SIZEL* pSizel) = 0;
+};
+
 inline constexpr IID IID_IViewObject{0x0000010D, 0, 0, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}};
-inline constexpr IID IID_IAdviseSink{0x0000010F, 0, 0, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}};
 inline constexpr IID IID_IOleObject{0x00000112, 0, 0, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}};
-inline constexpr IID IID_IOleWindow{0x00000114, 0, 0, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}};
 inline constexpr IID IID_IOleClientSite{0x00000118, 0, 0, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}};
-inline constexpr IID IID_IOleInPlaceSite{0x00000119, 0, 0, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}};
+inline constexpr IID IID_IViewObject2{0x00000127, 0, 0, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}};
+inline constexpr IID IID_IViewObjectEx{0x3AF24292, 0x0C96, 0x11CE, {0xA0, 0xCF, 0x00, 0xAA, 0x00, 0x60, 0x0A, 0xB8}};
+
+#include "native/control_interfaces.h"
