@@ -26,9 +26,10 @@ ULONG ClassFactory::Release() {
 HRESULT ClassFactory::CreateInstance(IUnknown* outer, REFIID riid, void** object) {
     if (!object) return E_POINTER;
     *object = nullptr;
-    if (outer) return CLASS_E_NOAGGREGATION;
+    // A part's own unknown is all that its outer object may get: no other interface would come back to the part.
+    if (outer && !IsEqualIID(riid, IID_IUnknown)) return CLASS_E_NOAGGREGATION;
     try {
-        return create_(riid, object);
+        return create_(outer, riid, object);
     } catch (const std::bad_alloc&) {
         return E_OUTOFMEMORY;
     }

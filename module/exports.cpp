@@ -3,16 +3,15 @@
 
 #include "module/class_factory.h"
 #include "module/registration.h"
+#include "platform/module_export.h"
 #include "platform/module_path.h"
-
-#define MODULE_EXPORT extern "C" __attribute__((visibility("default")))
 
 MODULE_EXPORT HRESULT STDAPICALLTYPE DllGetClassObject(REFCLSID clsid, REFIID riid, void** object) {
     using namespace ovaline;
     if (!object) return E_POINTER;
     *object = nullptr;
     const ClassEntry* entry = findClass(clsid);
-    if (!entry || !entry->create) return CLASS_E_CLASSNOTAVAILABLE;
+    if (!entry) return CLASS_E_CLASSNOTAVAILABLE;
     auto* made = new (std::nothrow) ClassFactory(entry->create);
     if (!made) return E_OUTOFMEMORY;
     return platform::ComPtr<ClassFactory>::adopt(made)->QueryInterface(riid, object);

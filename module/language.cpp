@@ -33,4 +33,10 @@ std::uint16_t ResourceLanguage(std::uint32_t hostLanguage) {
     }
 }
 
+std::unique_ptr<platform::Dialog> CreateDialogInLanguage(std::uint32_t templateId, platform::DialogEvents& events,
+                                                         HWND parent) {
+    return platform::makeDialog(templateId, ResourceLanguage(GetHostLanguage(platform::systemRegistry())), parent,
+                                events);
+}
+
 }  // namespace ovaline

@@ -2,7 +2,9 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 
+#include "platform/dialogs.h"
 #include "platform/registry.h"
 
 namespace ovaline {
@@ -14,5 +16,10 @@ std::uint32_t GetHostLanguage(const platform::Registry& registry);
 /// The language of the resources for a host's language: 1031, 1033, 1041, 1045, 1049 or 2052. English (1033) serves
 /// every language that the resources are not in.
 std::uint16_t ResourceLanguage(std::uint32_t hostLanguage);
+
+/// A modeless dialog of the module's template in the language of the resources for the host's language as it is set
+/// now. See platform::makeDialog.
+std::unique_ptr<platform::Dialog> CreateDialogInLanguage(std::uint32_t templateId, platform::DialogEvents& events,
+                                                         HWND parent);
 
 }  // namespace ovaline

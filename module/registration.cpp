@@ -76,16 +76,9 @@ constexpr Entry kTypeLibrary[] = {
 constexpr char16_t kClassKey[] = u"CLSID\\%CLSID%";
 constexpr char16_t kTypeLibraryKey[] = u"TypeLib\\%LIBID%\\1.0";
 
-constexpr std::uint32_t kRecomposeOnResize = 0x1;
-constexpr std::uint32_t kCantLinkInside = 0x10;
-constexpr std::uint32_t kInsideOut = 0x80;
-constexpr std::uint32_t kActivateWhenVisible = 0x100;
-constexpr std::uint32_t kSetClientSiteFirst = 0x20000;
-/// The control's miscellaneous status, in the published bits. The registry holds it as a decimal number.
-constexpr std::uint32_t kMiscStatus =
-    kRecomposeOnResize | kCantLinkInside | kInsideOut | kActivateWhenVisible | kSetClientSiteFirst;
+/// The control's miscellaneous status as the decimal number that the registry holds.
 constexpr std::u16string_view kMiscStatusText = u"131473";
-static_assert(kMiscStatus == 131473);
+static_assert(kControlMiscStatus == 131473);
 
 Replacements moduleReplacements(std::u16string_view modulePath) {
     const std::size_t folderEnd = modulePath.find_last_of(u"/\\");

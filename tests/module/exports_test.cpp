@@ -40,5 +40,39 @@ TEST_F(ExportsTest, ClassObjects) {
     platform::ComPtr<IUnknown>::adopt(static_cast<IUnknown*>(object));
 }
 
+/// An object that holds another one as its part.
+class Outer final : public IUnknown {
+public:
+    ULONG references = 1;
+
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID, void** object) override {
+        *object = nullptr;
+        return E_NOINTERFACE;
+    }
+    ULONG STDMETHODCALLTYPE AddRef() override { return ++references; }
+    ULONG STDMETHODCALLTYPE Release() override { return --references; }
+};
+
+TEST_F(ExportsTest, AControlIsMadeAsAPartOfAnother) {
+    ASSERT_EQ(classObject(CLSID_Norvel_OvalineCtrl, IID_IClassFactory), S_OK);
+    Outer outer;
+    void* object = this;
+    EXPECT_EQ(factory_->CreateInstance(&outer, IID_INorvel_OvalineCtrl, &object), CLASS_E_NOAGGREGATION);
+    EXPECT_EQ(object, nullptr);
+    ASSERT_EQ(factory_->CreateInstance(&outer, IID_IUnknown, &object), S_OK);
+    const auto part = platform::ComPtr<IUnknown>::adopt(static_cast<IUnknown*>(object));
+    EXPECT_EQ(outer.references, 1u) << "a part does not hold its owner";
+    {
+        const auto control = platform::query<IDispatch>(part.get(), IID_IDispatch);
+        ASSERT_TRUE(control);
+        EXPECT_EQ(outer.references, 2u) << "its interfaces count with the whole";
+        EXPECT_FALSE(platform::query<IOleObject>(control.get(), IID_IOleObject)) << "the whole has only what it shows";
+    }
+    EXPECT_EQ(outer.references, 1u);
+    ASSERT_EQ(classObject(CLSID_Norvel_OvalinePropPage, IID_IClassFactory), S_OK);
+    EXPECT_EQ(factory_->CreateInstance(&outer, IID_IUnknown, &object), CLASS_E_NOAGGREGATION)
+        << "pages are part of none";
+}
+
 }  // namespace
 }  // namespace ovaline
