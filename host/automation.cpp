@@ -16,23 +16,42 @@ namespace ovaline::host {
 
 namespace {
 
-constexpr std::array<std::string_view, 7> kVerbs = {"put", "get", "call", "draw", "lang", "registry", "register"};
-
-/// Lines of the protocol that this version does not serve. Looked for first: lines with "page" may hold "draw" too.
-constexpr std::array<std::string_view, 1> kLaterVerbs = {"page"};
+/// A line with "page" is about a page whatever it holds beside, "draw" for one.
+constexpr std::array<std::string_view, 8> kVerbs = {"page", "put",  "get",      "call",
+                                                    "draw", "lang", "registry", "register"};
 
 std::string_view verbOf(const Json& request) {
     if (!request.is_object()) throw Failure("a line is one JSON object");
-    for (const std::string_view verb : kLaterVerbs)
-        if (request.contains(verb)) throw Failure(std::string(verb) + " is not available in this version");
     std::string_view found;
     for (const std::string_view verb : kVerbs) {
         if (!request.contains(verb)) continue;
-        if (!found.empty()) throw Failure("a line holds one of put, get, call, draw, lang, registry and register");
+        if (verb == "page") return verb;
+        if (!found.empty())
+            throw Failure("a line holds one of put, get, call, draw, page, lang, registry and register");
         found = verb;
     }
-    if (found.empty()) throw Failure("a line holds put, get, call, draw, lang, registry or register");
+    if (found.empty()) throw Failure("a line holds put, get, call, draw, page, lang, registry or register");
     return found;
+}
+
+void appendEvent(std::string& out, const ResizeRequest& resize) {
+    const RECT& to = resize.rectangle;
+    out += "{\"posRect\": [" + std::to_string(to.left) + ", " + std::to_string(to.top) + ", " +
+           std::to_string(to.right) + ", " + std::to_string(to.bottom) + "]}";
+}
+
+void appendEvent(std::string& out, const RepaintRequest&) {
+    out += "{\"viewChange\": true}";
+}
+
+void appendEvent(std::string& out, const StatusChange& change) {
+    out += "{\"pageStatus\": " + std::to_string(change.status) + "}";
+}
+
+void appendEvent(std::string& out, const MessageBoxShown& box) {
+    out += "{\"message\": ";
+    appendJsonText(out, box.text);
+    out += "}";
 }
 
 void appendEvents(AnswerLine& answer, const std::vector<Event>& events) {
@@ -42,22 +61,19 @@ void appendEvents(AnswerLine& answer, const std::vector<Event>& events) {
     for (const Event& event : events) {
         out += separator;
         separator = ", ";
-        if (const auto* resize = std::get_if<ResizeRequest>(&event)) {
-            const RECT& to = resize->rectangle;
-            out += "{\"posRect\": [" + std::to_string(to.left) + ", " + std::to_string(to.top) + ", " +
-                   std::to_string(to.right) + ", " + std::to_string(to.bottom) + "]}";
-        } else {
-            out += "{\"viewChange\": true}";
-        }
+        std::visit([&](const auto& reported) { appendEvent(out, reported); }, event);
     }
     out += "]";
 }
 
 }  // namespace
 
+Automation::Station& Automation::stationFor(const Json& request) {
+    return stations_[request.contains("on") ? textMember(request, "on") : "control"];
+}
+
 HostedControl& Automation::controlFor(const Json& request) {
-    const std::string name = request.contains("on") ? textMember(request, "on") : "control";
-    std::unique_ptr<HostedControl>& control = controls_[name];
+    std::unique_ptr<HostedControl>& control = stationFor(request).control;
     if (!control) control = std::make_unique<HostedControl>(module_());
     return *control;
 }
@@ -85,6 +101,10 @@ std::string Automation::answerTo(const Json& request) {
         answer.status(hr);
         if (SUCCEEDED(hr)) appendValue(answer.member("value"), value[0]);
         appendEvents(answer, control.takeEvents());
+    } else if (verb == "page") {
+        const auto control = [&]() -> HostedControl& { return controlFor(request); };
+        performPage(request, {stationFor(request).pages, control, module_}, answer);
+        appendEvents(answer, controlFor(request).takeEvents());
     } else if (verb == "draw") {
         performDraw(
             request, [&]() -> HostedControl& { return controlFor(request); }, answer);

@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "host/automation_page.h"
 #include "host/control_host.h"
 #include "host/json_text.h"
 #include "platform/registry.h"
@@ -26,11 +27,18 @@ public:
 
 private:
     std::string answerTo(const Json& request);
+    /// A control and its pages, which are closed before it goes.
+    struct Station {
+        std::unique_ptr<HostedControl> control;  ///< null until a line needs it
+        OpenPages pages;
+    };
+
+    Station& stationFor(const Json& request);
     HostedControl& controlFor(const Json& request);
 
     ModuleSource module_;
     platform::Registry* registry_;
-    std::map<std::string, std::unique_ptr<HostedControl>> controls_;
+    std::map<std::string, Station> stations_;
     bool understoodAll_ = true;
 };
 

@@ -6,8 +6,8 @@
 #include "host/failure.h"
 #include "host/json_values.h"
 #include "host/output_file.h"
-#include "host/picture.h"
 #include "host/request.h"
+#include "platform/paths.h"
 
 namespace ovaline::host {
 
@@ -46,13 +46,25 @@ platform::Argb groundOf(const Json& request, platform::Argb usual) {
 
 }  // namespace
 
+PictureFile pictureFileOf(const Json& request) {
+    const std::filesystem::path path = platform::pathOf(textMember(request, "draw"));
+    const auto kind = pictureKindOf(path);
+    if (!kind) throw Failure("draw writes a .png, .svg or .pdf file, not " + platform::pathText(path));
+    return {path, *kind};
+}
+
+void writePicture(const PictureFile& file, const DrawnPicture& drawn) {
+    OutputFile output(file.path);
+    output.append(drawn.file);
+    output.close();
+    output.commit();
+}
+
 void performDraw(const Json& request, const std::function<HostedControl&()>& control, AnswerLine& answer) {
     allowOnly(request, "draw", {"width", "height", "left", "top", "dpi", "background"});
-    const std::filesystem::path file = textMember(request, "draw");
-    const auto kind = pictureKindOf(file);
-    if (!kind) throw Failure("draw writes a .png, .svg or .pdf file, not " + file.string());
+    const PictureFile file = pictureFileOf(request);
     PictureRequest picture;
-    picture.kind = *kind;
+    picture.kind = file.kind;
     RECTL& rectangle = picture.rectangle;
     const LONG width = lengthOf(request, "width", 0, rectangle.right);
     const LONG height = lengthOf(request, "height", 0, rectangle.bottom);
@@ -65,12 +77,7 @@ void performDraw(const Json& request, const std::function<HostedControl&()>& con
     picture.ground = groundOf(request, picture.ground);
 
     const DrawnPicture drawn = drawPicture(control(), picture);
-    if (SUCCEEDED(drawn.hr)) {
-        OutputFile output(file);
-        output.append(drawn.file);
-        output.close();
-        output.commit();
-    }
+    if (SUCCEEDED(drawn.hr)) writePicture(file, drawn);
     answer.status(drawn.hr);
 }
 

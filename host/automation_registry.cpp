@@ -33,16 +33,6 @@ void setLanguage(const Json& request, platform::Registry& registry, AnswerLine& 
     answer.status(registry.apply({&change, 1}));
 }
 
-void appendNames(std::string& out, const std::vector<std::u16string>& names) {
-    const char* separator = "[";
-    for (const std::u16string& name : names) {
-        out += separator;
-        separator = ", ";
-        appendJsonText(out, name);
-    }
-    out += names.empty() ? "[]" : "]";
-}
-
 void look(const Json& request, const platform::Registry& registry, AnswerLine& answer) {
     allowOnly(request, "registry", {"name", "list"});
     textMember(request, "registry");
@@ -57,8 +47,8 @@ void look(const Json& request, const platform::Registry& registry, AnswerLine& a
         const auto content = registry.list(key);
         answer.status(S_OK);
         if (content) {
-            appendNames(answer.member("keys"), content->keys);
-            appendNames(answer.member("names"), content->names);
+            appendJsonTexts(answer.member("keys"), content->keys);
+            appendJsonTexts(answer.member("names"), content->names);
         } else {
             answer.member("keys") += "null";
             answer.member("names") += "null";

@@ -10,6 +10,7 @@
 #include "host/marking_session.h"
 #include "host/messages.h"
 #include "host/output_file.h"
+#include "platform/paths.h"
 #include "platform/terminal.h"
 
 namespace ovaline::host {
@@ -19,12 +20,14 @@ namespace {
 Format chosenFormat(const MarkOptions& options) {
     if (options.format) return formatOf(*options.format);
     if (options.output == "-") throw Failure("-o -: the format is not given, add --format NAME");
-    return formatOfFile(options.output);
+    return formatOfFile(platform::pathOf(options.output));
 }
 
 /// FILE-N, before the ending.
 std::filesystem::path numbered(const std::filesystem::path& file, int run) {
-    const std::string name = file.stem().string() + "-" + std::to_string(run) + file.extension().string();
+    std::filesystem::path name = file.stem();
+    name += "-" + std::to_string(run);
+    name += file.extension();
     return file.parent_path() / name;
 }
 
@@ -143,7 +146,7 @@ void print(const std::string& text) {
 /// All files or none: they take their places when the last one is complete and the serial number has moved on.
 void markToFiles(MarkingSession& session, Format format, const MarkOptions& options) {
     const int runs = options.advance.value_or(1);
-    const std::filesystem::path target = options.output;
+    const std::filesystem::path target = platform::pathOf(options.output);
     std::vector<std::unique_ptr<OutputFile>> files;
     std::string report;
     {
@@ -156,7 +159,7 @@ void markToFiles(MarkingSession& session, Format format, const MarkOptions& opti
             files.push_back(std::make_unique<OutputFile>(path));
             write(session, result, marking, format, options, *files.back());
             files.back()->close();
-            if (!options.quiet) report += summary(path.string(), result, marking, format, options);
+            if (!options.quiet) report += summary(platform::pathText(path), result, marking, format, options);
             if (options.advance) session.advance();
             progress.show(run, runs);
             checkInterrupted();

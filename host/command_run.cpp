@@ -5,6 +5,7 @@
 #include "host/commands.h"
 #include "host/failure.h"
 #include "host/output_file.h"
+#include "platform/paths.h"
 
 namespace ovaline::host {
 
@@ -23,7 +24,7 @@ int runCommand(const std::optional<std::filesystem::path>& script, const ModuleS
     std::ifstream file;
     if (script) {
         file.open(*script, std::ios::binary);
-        if (!file) throw Failure(script->string() + " cannot be read, name a file of JSON lines");
+        if (!file) throw Failure(platform::pathText(*script) + " cannot be read, name a file of JSON lines");
     }
     std::istream& lines = script ? static_cast<std::istream&>(file) : std::cin;
     Automation automation(module);
@@ -36,7 +37,8 @@ int runCommand(const std::optional<std::filesystem::path>& script, const ModuleS
         out.append("\n");
         out.flush();
     }
-    if (lines.bad()) throw Failure(script.value_or("standard input").string() + " cannot be read to its end");
+    if (lines.bad())
+        throw Failure((script ? platform::pathText(*script) : "standard input") + " cannot be read to its end");
     return automation.understoodAll() ? 0 : 1;
 }
 

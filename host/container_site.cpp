@@ -44,12 +44,11 @@ HRESULT ContainerSite::GetWindow(HWND* window) {
 
 HRESULT ContainerSite::OnPosRectChange(LPCRECT rectangle) {
     if (!rectangle) return E_POINTER;
-    events_.push_back(ResizeRequest{*rectangle});
-    return S_OK;
+    return events_->add(ResizeRequest{*rectangle});
 }
 
 void ContainerSite::OnViewChange(DWORD aspect, LONG) {
-    if (aspect == DVASPECT_CONTENT) events_.push_back(RepaintRequest{});
+    if (aspect == DVASPECT_CONTENT) events_->add(RepaintRequest{});
 }
 
 }  // namespace ovaline::host

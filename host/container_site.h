@@ -2,32 +2,20 @@
 #pragma once
 
 #include <atomic>
-#include <variant>
-#include <vector>
+#include <memory>
+#include <utility>
 
+#include "host/events.h"
 #include "platform/com.h"
 
 namespace ovaline::host {
-
-/// The control asked to be moved and resized to that rectangle, in pixels.
-struct ResizeRequest {
-    RECT rectangle;
-};
-
-/// The control's view changed: it asked to be repainted.
-struct RepaintRequest {};
-
-using Event = std::variant<ResizeRequest, RepaintRequest>;
 
 /// A container that shows nothing and never activates a control in place. One object is the client site, the in-place
 /// site and the advise sink.
 class ContainerSite final : public IOleClientSite, public IOleInPlaceSite, public IAdviseSink {
 public:
     /// The caller owns the reference.
-    static ContainerSite* create() { return new ContainerSite; }
-
-    /// What was reported since the last time, in order.
-    std::vector<Event> takeEvents() { return std::exchange(events_, {}); }
+    static ContainerSite* create(std::shared_ptr<EventLog> events) { return new ContainerSite(std::move(events)); }
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override;
     ULONG STDMETHODCALLTYPE AddRef() override;
@@ -63,11 +51,11 @@ public:
     void STDMETHODCALLTYPE OnClose() override {}
 
 private:
-    ContainerSite() = default;
+    explicit ContainerSite(std::shared_ptr<EventLog> events) : events_(std::move(events)) {}
     ~ContainerSite() = default;
 
     std::atomic<ULONG> references_ = 1;
-    std::vector<Event> events_;
+    std::shared_ptr<EventLog> events_;
 };
 
 }  // namespace ovaline::host

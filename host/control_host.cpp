@@ -35,13 +35,9 @@ void require(HRESULT hr, std::string_view operation) {
 }
 
 HostedControl::HostedControl(platform::GetClassObject getClassObject)
-    : site_(ComPtr<ContainerSite>::adopt(ContainerSite::create())) {
-    void* factoryObject = nullptr;
-    require(getClassObject(CLSID_Norvel_OvalineCtrl, IID_IClassFactory, &factoryObject), "the module's class object");
-    const auto factory = ComPtr<IClassFactory>::adopt(static_cast<IClassFactory*>(factoryObject));
-    void* object = nullptr;
-    require(factory->CreateInstance(nullptr, IID_INorvel_OvalineCtrl, &object), "creating a control");
-    control_ = ComPtr<INorvel_OvalineCtrl>::adopt(static_cast<INorvel_OvalineCtrl*>(object));
+    : control_(createObject<INorvel_OvalineCtrl>(getClassObject, CLSID_Norvel_OvalineCtrl, IID_INorvel_OvalineCtrl,
+                                                 "a control")),
+      site_(ComPtr<ContainerSite>::adopt(ContainerSite::create(events_))) {
     const auto ole = queryOrFail<IOleObject>(control_.get(), IID_IOleObject, "IOleObject");
     view_ = queryOrFail<IViewObject>(control_.get(), IID_IViewObject, "IViewObject");
     require(ole->SetClientSite(site_.get()), "IOleObject::SetClientSite");

@@ -8,6 +8,7 @@
 #include "host/failure.h"
 #include "host/messages.h"
 #include "platform/guid_text.h"
+#include "platform/paths.h"
 #include "platform/registry.h"
 
 namespace ovaline::host {
@@ -42,7 +43,7 @@ platform::GetClassObject registerAndLoad(const platform::Registry& registry, con
     if (const HRESULT hr = module.registerServer(); FAILED(hr))
         return besideWithWarning(reason + ", and registering it in " + registry.place() + " failed with status " +
                                  statusText(hr));
-    tell(reason + ", registered " + moduleBesideProgram().string() + " in " + registry.place());
+    tell(reason + ", registered " + platform::pathText(moduleBesideProgram()) + " in " + registry.place());
     return module.getClassObject;
 }
 
@@ -58,7 +59,7 @@ platform::GetClassObject findControlModule(const platform::Registry& registry) {
     const fs::path registered(*server);
     std::error_code failed;
     if (!fs::exists(registered, failed))
-        return registerAndLoad(registry, "the registered module " + registered.string() + " is gone");
+        return registerAndLoad(registry, "the registered module " + platform::pathText(registered) + " is gone");
     // Program and module that came together are of one version; the registered one may be another's.
     const fs::path beside = moduleBesideProgram();
     return load(fs::exists(beside, failed) ? beside : registered).getClassObject;

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "host/failure.h"
+#include "platform/paths.h"
 
 namespace ovaline::host {
 
@@ -41,11 +42,11 @@ Format formatOf(std::string_view name) {
 }
 
 Format formatOfFile(const std::filesystem::path& file) {
-    const std::string ending = file.extension().string();
+    const std::string ending = platform::pathText(file.extension());
     try {
         return formatOf(ending.empty() ? std::string_view() : std::string_view(ending).substr(1));
     } catch (const Failure& failure) {
-        throw Failure(file.string() + ": " + failure.what());
+        throw Failure(platform::pathText(file) + ": " + failure.what());
     }
 }
 

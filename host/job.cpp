@@ -7,6 +7,7 @@
 
 #include "host/failure.h"
 #include "host/members.h"
+#include "platform/paths.h"
 
 namespace ovaline::host {
 
@@ -53,9 +54,10 @@ void readJobFile(const std::filesystem::path& path, Job& job) {
         } else if (name == "settings") {
             if (!value.is_object()) throw Failure("\"settings\" takes an object of names and values");
             for (const auto& [property, setting] : value.items())
-                addSetting(job, property, path.string(), [&, &given = setting](const Member& member, VARIANT& target) {
-                    store(given, member.type, member.name, target);
-                });
+                addSetting(job, property, platform::pathText(path),
+                           [&, &given = setting](const Member& member, VARIANT& target) {
+                               store(given, member.type, member.name, target);
+                           });
         } else {
             throw Failure("a job has no \"" + name + "\", only \"measurement\" and \"settings\"");
         }
@@ -74,7 +76,7 @@ void readAssignment(std::string_view assignment, const std::string& origin, Job&
 
 Job readJob(const JobSources& sources) {
     Job job;
-    if (sources.file) in(sources.file->string(), [&] { readJobFile(*sources.file, job); });
+    if (sources.file) in(platform::pathText(*sources.file), [&] { readJobFile(*sources.file, job); });
     for (const std::string& assignment : sources.assignments) {
         const std::string origin = "--set " + assignment;
         in(origin, [&] { readAssignment(assignment, origin, job); });

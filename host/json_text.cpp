@@ -137,6 +137,16 @@ void appendJsonText(std::string& out, std::u16string_view text) {
     out.push_back('"');
 }
 
+void appendJsonTexts(std::string& out, std::span<const std::u16string> texts) {
+    const char* separator = "[";
+    for (const std::u16string& text : texts) {
+        out += separator;
+        separator = ", ";
+        appendJsonText(out, text);
+    }
+    out += texts.empty() ? "[]" : "]";
+}
+
 std::string& AnswerLine::member(std::string_view name) {
     if (text_.size() > 1) text_ += ", ";
     text_.push_back('"');

@@ -8,6 +8,7 @@
 
 #include <cstdint>
 #include <nlohmann/json_fwd.hpp>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -27,6 +28,8 @@ std::u16string textOf(const Json& string);
 
 /// Appends a JSON string: quoted, escaped, UTF-8; a surrogate without its partner as its escape.
 void appendJsonText(std::string& out, std::u16string_view text);
+/// Appends a list of them.
+void appendJsonTexts(std::string& out, std::span<const std::u16string> texts);
 
 /// One answer: a JSON object on one line, its members in the order in which they are added.
 class AnswerLine {

@@ -5,11 +5,13 @@
 #include <new>
 
 #include "host/commands.h"
-#include "host/control_module.h"
 #include "host/control_host.h"
+#include "host/control_module.h"
 #include "host/failure.h"
 #include "host/formats.h"
 #include "host/messages.h"
+#include "platform/paths.h"
+#include "platform/program.h"
 
 namespace {
 
@@ -40,7 +42,7 @@ public:
         addHelp();
     }
 
-    int run(int argc, char** argv) {
+    int run(int argc, const char* const* argv) {
         try {
             app_.parse(argc, argv);
         } catch (const CLI::Success& asked) {
@@ -59,10 +61,16 @@ public:
     }
 
 private:
+    static void addFile(CLI::App& command, const char* name, std::optional<std::filesystem::path>& file,
+                        const char* description) {
+        const auto store = [&file](const std::string& given) { file = ovaline::platform::pathOf(given); };
+        command.add_option_function<std::string>(name, store, description);
+    }
+
     void addMark() {
         mark_ = app_.add_subcommand("mark", "Mark one job to one file");
         mark_->footer("Example: ovaline mark --text \"HELLO WORLD\" --set Width=40 --set FillStyle=Line -o hello.svg");
-        mark_->add_option("JOB", markOptions_.job.file, "File with \"measurement\" and \"settings\"");
+        addFile(*mark_, "JOB", markOptions_.job.file, "File with \"measurement\" and \"settings\"");
         mark_->add_option("--text", markOptions_.job.text, "The text (TextData); --text=VALUE if it begins with -");
         mark_->add_option("--set", markOptions_.job.assignments, "NAME=VALUE: a property, over the job")
             ->allow_extra_args(false);
@@ -93,7 +101,7 @@ private:
 
     void addRun() {
         run_ = app_.add_subcommand("run", "Drive controls by JSON lines, from SCRIPT or standard input");
-        run_->add_option("SCRIPT", script_, "File of lines");
+        addFile(*run_, "SCRIPT", script_, "File of lines");
     }
 
     void addDate() {
@@ -159,7 +167,7 @@ int fail(const std::string& reason) {
 
 }  // namespace
 
-int main(int argc, char** argv) {
+int ovaline::platform::runProgram(int argc, const char* const* argv) {
     try {
         return CommandLine().run(argc, argv);
     } catch (const std::bad_alloc&) {

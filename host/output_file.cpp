@@ -6,6 +6,7 @@
 #include <string>
 
 #include "host/failure.h"
+#include "platform/paths.h"
 
 namespace ovaline::host {
 
@@ -14,7 +15,7 @@ namespace {
 namespace fs = std::filesystem;
 
 [[noreturn]] void fail(const fs::path& target, const std::string& reason) {
-    throw Failure(target.string() + " cannot be written, " + reason);
+    throw Failure(platform::pathText(target) + " cannot be written, " + reason);
 }
 
 /// The file that a name stands for: replacing a link would leave the file that it leads to as it was.
@@ -38,8 +39,7 @@ OutputFile::OutputFile(const fs::path& target) : named_(target), target_(resolve
     for (int i = 0; i < kAttempts && !file_; ++i) {
         temporary_ = target_;
         temporary_ += "." + std::to_string(random()) + ".part";
-        // "x" never opens a file that is there already.
-        file_.reset(std::fopen(temporary_.string().c_str(), "wbx"));
+        file_.reset(platform::createFile(temporary_));
         if (!file_ && errno != EEXIST) break;
     }
     if (file_) return;

@@ -7,6 +7,7 @@
 #include "host/buffers.h"
 #include "host/failure.h"
 #include "platform/display.h"
+#include "platform/paths.h"
 
 namespace ovaline::host {
 
@@ -32,7 +33,7 @@ void requireSize(std::int64_t width, std::int64_t height) {
 }  // namespace
 
 std::optional<PictureKind> pictureKindOf(const std::filesystem::path& file) {
-    std::string ending = file.extension().string();
+    std::string ending = platform::pathText(file.extension());
     std::ranges::transform(ending, ending.begin(),
                            [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
     if (ending == ".png") return PictureKind::Png;
@@ -41,21 +42,28 @@ std::optional<PictureKind> pictureKindOf(const std::filesystem::path& file) {
     return std::nullopt;
 }
 
-DrawnPicture drawPicture(HostedControl& control, const PictureRequest& request) {
+DrawnPicture drawPicture(const PictureRequest& request, const std::function<HRESULT(HDC dc)>& draw) {
     const RECTL& rectangle = request.rectangle;
     requireSize(rectangle.right, rectangle.bottom);
+    if (!platform::offersPictures(request.kind)) throw Failure("pictures are drawn as .png only on this system");
     const auto picture =
         platform::makePicture(request.kind, static_cast<int>(rectangle.right), static_cast<int>(rectangle.bottom),
                               request.pixelsPerInch, request.ground);
     const std::string size = sizeText(rectangle.right, rectangle.bottom);
     if (!picture) throw Failure("there is not enough memory for a picture of " + size);
     DrawnPicture drawn;
-    drawn.hr = control.view().Draw(DVASPECT_CONTENT, -1, nullptr, nullptr, nullptr, picture->dc(), &rectangle, nullptr,
-                                   nullptr, 0);
+    drawn.hr = draw(picture->dc());
     if (FAILED(drawn.hr)) return drawn;
     drawn.file = picture->finish();
     if (drawn.file.empty()) throw Failure("there is not enough memory for a picture of " + size);
     return drawn;
+}
+
+DrawnPicture drawPicture(HostedControl& control, const PictureRequest& request) {
+    return drawPicture(request, [&](HDC dc) {
+        return control.view().Draw(DVASPECT_CONTENT, -1, nullptr, nullptr, nullptr, dc, &request.rectangle, nullptr,
+                                   nullptr, 0);
+    });
 }
 
 RECTL wholeResult(HostedControl& control, double pixelsPerInch) {
@@ -64,12 +72,12 @@ RECTL wholeResult(HostedControl& control, double pixelsPerInch) {
         height(&screen[3], VT_I4);
     require(control.table().GetScreenSize(left.outer(), top.outer(), width.outer(), height.outer()), "GetScreenSize");
     const double margin = std::ceil(kMarginInches * pixelsPerInch);
-    const auto far = [&](LONG length) {
+    const auto lengthOf = [&](LONG length) {
         const double pixels = std::ceil(std::max<LONG>(length, 0) * pixelsPerInch / platform::displayDpi());
         constexpr double kMost = 1 << 30;
         return static_cast<LONG>(std::min(2 * margin + pixels, kMost));
     };
-    return {static_cast<LONG>(margin), static_cast<LONG>(margin), far(screen[2]), far(screen[3])};
+    return {static_cast<LONG>(margin), static_cast<LONG>(margin), lengthOf(screen[2]), lengthOf(screen[3])};
 }
 
 }  // namespace ovaline::host

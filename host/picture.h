@@ -1,7 +1,8 @@
-// Pictures that a control draws of itself.
+// Pictures that a control or a page draws of itself.
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -30,7 +31,10 @@ struct DrawnPicture {
     std::string file;  ///< the bytes, where the control has drawn
 };
 
-/// Asks the control to draw itself. Throws Failure where the picture is too large to make.
+/// Makes a picture of what `draw` draws on its device context. Throws Failure where it is too large to make.
+DrawnPicture drawPicture(const PictureRequest& request, const std::function<HRESULT(HDC dc)>& draw);
+
+/// The same of what the control draws of itself into the rectangle.
 DrawnPicture drawPicture(HostedControl& control, const PictureRequest& request);
 
 /// The rectangle that holds all of a control's result at that resolution, with a margin for lines that reach over its

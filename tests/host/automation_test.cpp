@@ -83,7 +83,7 @@ TEST_F(AutomationTest, WhatIsNotUnderstoodChangesNothingAndSaysWhy) {
     const std::pair<const char*, const char*> cases[] = {
         {"", "not JSON"},
         {"[]", "one JSON object"},
-        {"{}", "put, get, call, draw, lang, registry or register"},
+        {"{}", "put, get, call, draw, page, lang, registry or register"},
         {R"({"put": "Width"})", "value"},
         {R"({"put": "Width", "value": "wide"})", "Width takes a number"},
         {R"({"put": "Width", "value": null})", "Width takes a number"},
@@ -112,7 +112,6 @@ TEST_F(AutomationTest, WhatIsNotUnderstoodChangesNothingAndSaysWhy) {
         {R"({"call": "SetProperty"})", "data"},
         {R"({"call": "Width"})", "no method"},
         {R"({"get": "Width", "on": 3})", "takes a text"},
-        {R"({"page": "text", "id": 1201, "draw": "x.png"})", "page is not available in this version"},
         {R"({"draw": "x.gif"})", "a .png, .svg or .pdf file, not x.gif"},
         {R"({"draw": 3})", "\"draw\" takes a text"},
         {R"({"draw": "x.png", "width": -1})", "\"width\""},
@@ -222,7 +221,7 @@ TEST_F(AutomationTest, LongLines) {
 
 TEST(Automation, ModuleThatIsNotThereIsAnsweredToo) {
     Automation automation([]() -> platform::GetClassObject {
-        return [](REFCLSID, REFIID, void**) -> HRESULT { return CLASS_E_CLASSNOTAVAILABLE; };
+        return [](REFCLSID, REFIID, void**) STDAPICALLTYPE -> HRESULT { return CLASS_E_CLASSNOTAVAILABLE; };
     });
     EXPECT_NE(automation.answer(R"({"get": "Width"})").find("0x80040111"), std::string::npos);
 }

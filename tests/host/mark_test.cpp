@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <fstream>
 #include <nlohmann/json.hpp>
+#include <random>
 
 #include "fake_control.h"
 #include "host/commands.h"
@@ -28,9 +29,8 @@ protected:
         fake() = {};
         fake().stream = streamOf({{'u', 0, 0}, {'d', 5, 5}, kEndRecord});
         fake().askedSize = 1000;
-        std::string folder = (fs::temp_directory_path() / "ovaline-mark-XXXXXX").string();
-        ASSERT_TRUE(mkdtemp(folder.data()));
-        folder_ = folder;
+        folder_ = fs::temp_directory_path() / ("ovaline-mark-" + std::to_string(std::random_device()()));
+        ASSERT_TRUE(fs::create_directory(folder_));
     }
     void TearDown() override {
         EXPECT_EQ(fake().alive, 0);

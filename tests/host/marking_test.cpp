@@ -101,9 +101,9 @@ TEST(Marking, StreamsThatNoMachineCanMarkAreRefused) {
         {{'u', 0, std::numeric_limits<float>::infinity()}, kEndRecord},
     };
     for (const auto& records : cases) EXPECT_THROW(readMarking(streamOf(records), {}), Failure) << records.size();
-    Placement far;
-    far.array = {255, 255, 1e38, 0};
-    EXPECT_THROW(readMarking(streamOf(kRecords), far), Failure);
+    Placement distant;
+    distant.array = {255, 255, 1e38, 0};
+    EXPECT_THROW(readMarking(streamOf(kRecords), distant), Failure);
 }
 
 /// Reads the subset of SVG that the writer uses.

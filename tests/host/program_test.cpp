@@ -104,6 +104,33 @@ TEST_F(ProgramTest, RunGoesOnAfterALineThatIsNotUnderstood) {
     EXPECT_TRUE(outcome.out.ends_with("\n{\"hr\": 0, \"value\": 0.0}\n")) << outcome.out;
 }
 
+TEST_F(ProgramTest, PagesEditTheControl) {
+    const std::pair<const char*, const char*> exchanges[] = {
+        {R"({"lang": 7})", R"({"hr": 0})"},
+        {R"({"page": "text", "open": true})",
+         R"({"hr": 0, "value": "Ovaline Settings", "events": [{"pageStatus": 1}]})"},
+        {R"({"page": "text", "id": 205, "read": true})",
+         R"({"hr": 0, "value": {"text": "Fett", "visible": true, "enabled": true, "checked": false}})"},
+        // Between them, "30." is the value that the page has by then.
+        {R"({"page": "text", "id": 1213, "type": "30.5"})",
+         R"({"hr": 0, "events": [{"pageStatus": 4}, {"pageStatus": 1}]})"},
+        {R"({"page": "text", "id": 1201, "draw": "page.svg"})", R"({"hr": 0})"},
+        {R"({"page": "serial", "open": true})", R"({"hr": 0, "value": "Serial Number and AutoDate"})"},
+        {R"({"page": "serial", "id": 241, "click": true})", R"({"hr": 0, "events": [{"pageStatus": 1}]})"},
+        {R"({"page": "serial", "id": 263, "type": "x"})", R"({"error": "control 263 is read-only"})"},
+        {R"({"page": "text", "close": true})", R"({"hr": 0})"},
+        {R"({"get": "Width"})", R"({"hr": 0, "value": 0.0})"},
+        {R"({"page": "serial", "dirty": true})", R"({"hr": 0, "value": true})"},
+    };
+    std::string lines, expected;
+    for (const auto& [line, answer] : exchanges) {
+        lines += std::string(line) + "\n";
+        expected += std::string(answer) + "\n";
+    }
+    EXPECT_EQ(run("run", lines).out, expected);
+    EXPECT_NE(text("page.svg").find("<svg"), std::string::npos);
+}
+
 TEST_F(ProgramTest, MarkWritesWhatTheControlWrote) {
     std::ofstream(folder_ / "job.json") << R"({"measurement": "mm", "settings": {"FillStyle": "Cross", "Width": 40}})";
     const Outcome marked = run("mark job.json --text 'A b' --set Width=30 -o a.ovl --quiet");
