@@ -1,46 +1,14 @@
 #!/usr/bin/python3
-"""Makes the filled fonts of the golden tests.
+"""Makes the filled fonts of the tests, or with --check compares them with their sources.
 
-    make_test_font.py           write OvalineTest.ttf and OvalineTestGpos.ttf
-    make_test_font.py --check   compare the fonts with their sources
+Both have 2048 units per em.  No advance width is a multiple of 64, save the zero width of the combining acute.  The glyphs
+have straight lines and runs of one to four off-curve points, up to five contours, one that starts off the curve (comma),
+one without points on it (period), one of a single point (x); Ä is a composite.
 
-Both have 2048 units per em, an ascent of 1854 and a descent of 434.  No
-advance width is a multiple of 64, save the zero width of the combining acute.
-
-OvalineTest.ttf, family "Ovaline Test", kerns with a kern table:
-A V -152, V A -152, T o -226, T V +37.  It has no GPOS table.
-
-    glyph            what is special
-    .notdef          a box with a counter
-    space            no contour, advance 569
-    H T A V v Ж 4    straight lines only; A and 4 have a counter
-    l i hyphen       rectangles; i has two contours
-    comma            contour starts off the curve, its last point is on it
-    period           contour of off-curve points only
-    0                runs of four off-curve points
-    e                runs of one and of three off-curve points
-    O %              runs of two off-curve points; % has five contours
-    o                sixteen points a contour, runs of one off-curve point
-    1 2 3 5 7 S n a  runs of one off-curve point, the a with a counter
-    6 9              runs of one and of two; 9 is 6 turned around
-    R B              one and two counters, lines and runs of one
-    8                two counters with runs of two in a contour with runs of one
-    x                straight lines, and a contour of one point beside the real one
-    dieresis         two contours, component of Ä
-    Ä                composite of A and dieresis, with the metrics of A
-    acutecomb        advance 0, ink left of the origin
-
-OvalineTestGpos.ttf, family "Ovaline Test Gpos", holds space, A, T, V and o
-and kerns with the GPOS feature 'kern' alone:
-
-    lookup   subtable                 pairs
-    first    PairPos format 1         A V -152, V A -152
-    first    PairPos format 2         T o -226, T A -140, V o -90, V A -120
-                                      (V A is decided by the first subtable)
-    second   Extension, PairPos 1     o V -64, o T +37
+"Ovaline Test" kerns with a kern table and has no GPOS table; "Ovaline Test Gpos" kerns with the GPOS feature 'kern' alone:
+pairs, then classes (V A is decided by the pairs), then a second lookup reached through an extension.
 """
 
-import argparse
 import io
 import sys
 from array import array
@@ -55,8 +23,6 @@ from fontTools.ttLib.tables._k_e_r_n import KernTable_format_0
 from fontTools.ttLib.tables.ttProgram import Program
 
 from outlines import OUTLINES, contour
-
-FOLDER = Path(__file__).resolve().parent
 
 EM, WIN_ASCENT, WIN_DESCENT = 2048, 1854, 434
 TIMESTAMP = 3786912000  # 2024-01-01 in seconds since 1904
@@ -174,42 +140,28 @@ def kern_table_font():
     return font
 
 
-def extend(lookup):
-    """Reach the subtables of a lookup through extension subtables."""
-    wrapped = []
-    for subtable in lookup.SubTable:
-        extension = otTables.ExtensionPos()
-        extension.Format = 1
-        extension.ExtensionLookupType = lookup.LookupType
-        extension.ExtSubTable = subtable
-        wrapped.append(extension)
-    lookup.SubTable = wrapped
-    lookup.LookupType = EXTENSION_LOOKUP
-
-
 def gpos_font():
     font = build("Ovaline Test Gpos", GPOS_GLYPHS)
     addOpenTypeFeaturesFromString(font, FEATURES)
-    extend(font["GPOS"].table.LookupList.Lookup[-1])
+    extended = font["GPOS"].table.LookupList.Lookup[-1]
+    for i, subtable in enumerate(extended.SubTable):
+        extended.SubTable[i] = otTables.ExtensionPos()
+        extended.SubTable[i].Format = 1
+        extended.SubTable[i].ExtensionLookupType = extended.LookupType
+        extended.SubTable[i].ExtSubTable = subtable
+    extended.LookupType = EXTENSION_LOOKUP
     return font
 
 
-FONTS = {"OvalineTest.ttf": kern_table_font, "OvalineTestGpos.ttf": gpos_font}
-
-
 def main():
-    parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
-    parser.add_argument("--check", action="store_true",
-                        help="fail if a font differs from its sources")
-    options = parser.parse_args()
-    for file_name, make in FONTS.items():
+    for name, make in {"OvalineTest.ttf": kern_table_font, "OvalineTestGpos.ttf": gpos_font}.items():
         stream = io.BytesIO()
         make().save(stream)
-        file = FOLDER / file_name
-        if not options.check:
+        file = Path(__file__).resolve().with_name(name)
+        if "--check" not in sys.argv:
             file.write_bytes(stream.getvalue())
-        elif not file.exists() or file.read_bytes() != stream.getvalue():
-            sys.exit(f"{file_name} differs from its sources; make it again")
+        elif file.read_bytes() != stream.getvalue():
+            sys.exit(f"{name} differs from its sources; make it again")
 
 
 if __name__ == "__main__":

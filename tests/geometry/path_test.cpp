@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <limits>
+#include <numbers>
 
 #include "path_text.h"
 
@@ -13,7 +14,6 @@ TEST(Path, SegmentsContinueTheOpenFigure) {
     GdipAddPathLine(path, 0, 0, 10, 0);
     GdipAddPathLine(path, 10, 0, 10, 10);  // starts where the figure ends: the point is not stored twice
     GdipAddPathLine(path, 20, 20, 30, 20);
-    EXPECT_EQ(describe(path), "M0,0 L10,0 L10,10 L20,20 L30,20");
     GdipClosePathFigure(path);
     GdipAddPathBezier(path, 1, 1, 2, 2, 3, 3, 4, 4);
     GdipStartPathFigure(path);
@@ -28,13 +28,10 @@ TEST(Path, SegmentsContinueTheOpenFigure) {
 TEST(Path, AppendedPathsAreNewFigures) {
     GraphicsPath path = pathFrom("M0,0 L1,0");
     GdipAddPathPath(path, GraphicsPath());
-    EXPECT_EQ(describe(path), "M0,0 L1,0");
+    GdipAddPathPath(path, path);
     GdipAddPathPath(path, pathFrom("M5,5 L6,6 L7,5 Z M8,8 L9,9"));
     GdipAddPathLine(path, 9, 9, 10, 9);  // the last appended figure is open and goes on
-    EXPECT_EQ(describe(path), "M0,0 L1,0 M5,5 L6,6 L7,5 Z M8,8 L9,9 L10,9");
-    GraphicsPath doubled = pathFrom("M0,0 L1,0");
-    GdipAddPathPath(doubled, doubled);
-    EXPECT_EQ(describe(doubled), "M0,0 L1,0 M0,0 L1,0");
+    EXPECT_EQ(describe(path), "M0,0 L1,0 M0,0 L1,0 M5,5 L6,6 L7,5 Z M8,8 L9,9 L10,9");
 }
 
 TEST(Path, ResetRestoresTheFillModeAndRectanglesAreClosed) {
@@ -56,8 +53,7 @@ TEST(Path, IntegerPathsKeepTheirTypeBytes) {
     EXPECT_EQ(describe(path), "M0,0 L1,2 L-3,4 Z");
     EXPECT_EQ(path.fillMode(), FillModeWinding);
     const GraphicsPath refused = GdipCreatePath2I(points, std::span(types).first(2), FillModeWinding);
-    EXPECT_TRUE(refused.empty());
-    EXPECT_EQ(refused.status(), InvalidParameter);
+    EXPECT_TRUE(refused.empty() && refused.status() == InvalidParameter);
 }
 
 TEST(Matrix, CompositionsArePrepended) {
@@ -75,53 +71,48 @@ TEST(Matrix, CompositionsArePrepended) {
     EXPECT_NEAR(turned.Y, 25, 1e-5);
 
     GraphicsPath path = pathFrom("M1,2 C3,4 C5,6 C7,8 Z");
-    const std::string before = describe(path);
     GdipTransformPath(path, nullptr);
-    EXPECT_EQ(describe(path), before);
     Matrix set;
     GdipSetMatrixElements(set, 2, 0, 0, 3, 1, -1);
     GdipTransformPath(path, &set);
     EXPECT_EQ(describe(path), "M3,5 C7,11 C11,17 C15,23 Z");
 }
 
-// Every point of an arc satisfies the ellipse's equation, and it begins where its angle points from the centre.
+// Every point of an arc satisfies the ellipse's equation; it begins where its angle points from the centre and turns by
+// its sweep.
 TEST(Arc, FollowsTheEllipse) {
+    constexpr double kRadians = std::numbers::pi / 180;
     for (const RectF box : {RectF{0, 0, 1000, 600}, RectF{-50, 20, 80, 4000}}) {
-        for (const float start : {0.0f, 30.0f, 90.0f, 135.0f, 270.0f, -400.0f, 1000.0f}) {
+        for (const float start : {0.0f, 30.0f, 135.0f, 270.0f, -400.0f, 1000.0f}) {
             for (const float sweep : {360.0f, -360.0f, 90.0f, -270.0f, 33.0f}) {
                 GraphicsPath path;
                 GdipAddPathArc(path, box.X, box.Y, box.Width, box.Height, start, sweep);
                 GdipFlattenPath(path, 0.01f);
                 const double rx = box.Width / 2.0, ry = box.Height / 2.0;
-                const double cx = box.X + rx, cy = box.Y + ry;
-                for (const PointF p : path.points()) {
-                    const double u = (p.X - cx) / rx, v = (p.Y - cy) / ry;
-                    ASSERT_NEAR(u * u + v * v, 1, 2e-5) << start << ' ' << sweep;
+                double lastX = std::cos(start * kRadians), lastY = std::sin(start * kRadians), turned = 0;
+                for (const PointF& p : path.points()) {
+                    const double x = p.X - box.X - rx, y = p.Y - box.Y - ry;
+                    ASSERT_NEAR(std::pow(x / rx, 2) + std::pow(y / ry, 2), 1, 2e-5) << start << ' ' << sweep;
+                    const double turn = std::atan2(lastX * y - lastY * x, lastX * x + lastY * y);
+                    if (&p == path.points().data()) {
+                        ASSERT_NEAR(turn, 0, 1e-3) << start << ' ' << sweep;
+                    }
+                    turned += turn;
+                    lastX = x;
+                    lastY = y;
                 }
-                const double a = start * std::acos(-1.0) / 180;
-                const PointF first = path.points().front();
-                ASSERT_NEAR((first.X - cx) * std::sin(a) - (first.Y - cy) * std::cos(a), 0, 0.02);
-                ASSERT_GT((first.X - cx) * std::cos(a) + (first.Y - cy) * std::sin(a), 0);
-                const bool fullTurn = std::abs(sweep) == 360;
-                ASSERT_EQ(path.points().front() == path.points().back(), fullTurn);
+                ASSERT_NEAR(turned, sweep * kRadians, 1e-3) << start << ' ' << sweep;
+                ASSERT_EQ(path.points().front() == path.points().back(), std::abs(sweep) == 360);
                 ASSERT_EQ(path.types().back(), PathPointTypeLine) << "an arc stays open";
             }
         }
     }
-}
-
-TEST(Arc, EdgesOfItsInput) {
     GraphicsPath path = pathFrom("M0,0 L1,1 Z");
     EXPECT_EQ(GdipAddPathArc(path, 0, 0, std::numeric_limits<float>::infinity(), 1, 0, 360), InvalidParameter);
     EXPECT_EQ(path.status(), InvalidParameter);
     EXPECT_EQ(path.size(), 2u);
     GdipAddPathArc(path, 5, 5, 0, 0, 0, 360);  // a point
     EXPECT_EQ(boundsOf(path), (RectF{0, 0, 5, 5}));
-    GraphicsPath clockwise;
-    GdipAddPathArc(clockwise, 0, 0, 100, 100, 0, 90);
-    const PointF end = clockwise.points().back();
-    EXPECT_NEAR(end.X, 50, 1e-4) << "from three o'clock towards +y";
-    EXPECT_NEAR(end.Y, 100, 1e-4);
 }
 
 TEST(Bounds, AreThoseOfTheCurve) {
@@ -130,16 +121,13 @@ TEST(Bounds, AreThoseOfTheCurve) {
     EXPECT_EQ(untouched, (RectF{1, 2, 3, 4}));
     // A parabola raised to a cubic: its top is at half the height of its control polygon.
     EXPECT_EQ(boundsOf(pathFrom("M0,0 C20,40 C40,40 C60,0")), (RectF{0, 0, 60, 30}));
-    // Against dense sampling, for curves with loops and inflections.
-    const GraphicsPath curve = pathFrom("M0,0 C300,-170 C-250,140 C90,55");
-    const RectF bounds = boundsOf(curve);
-    const auto p = curve.points();
-    float left = 0, right = 0;
-    for (int i = 0; i <= 100000; ++i) {
-        const double t = i / 100000.0, s = 1 - t;
-        const double x = s * s * s * p[0].X + 3 * s * s * t * p[1].X + 3 * s * t * t * p[2].X + t * t * t * p[3].X;
-        left = std::min(left, static_cast<float>(x));
-        right = std::max(right, static_cast<float>(x));
+    // A curve that turns twice, against dense sampling.
+    const RectF bounds = boundsOf(pathFrom("M0,0 C300,-170 C-250,140 C90,55"));
+    double left = 0, right = 0;
+    for (double t = 0; t <= 1; t += 1e-5) {
+        const double s = 1 - t, x = 3 * s * s * t * 300 - 3 * s * t * t * 250 + t * t * t * 90;
+        left = std::min(left, x);
+        right = std::max(right, x);
     }
     EXPECT_NEAR(bounds.X, left, 1e-3);
     EXPECT_NEAR(bounds.X + bounds.Width, right, 1e-3);

@@ -7,11 +7,12 @@
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
+#include <map>
 
 #include "control/regenerate.h"
 #include "control/settings_slices.h"
 #include "platform/clock.h"
-#include "platform/posix/fonts.h"
+#include "tests/platform/fonts_backend.h"
 
 namespace ovaline {
 namespace {
@@ -19,9 +20,9 @@ namespace {
 const std::string kSource = OVALINE_SOURCE_DIR;
 
 std::string streamOf(const TextSettings& settings) {
-    static platform::PosixFontService fonts({kSource + "/tests/fonts", kSource + "/fonts"});
+    static const auto fonts = platform::makePlatformFonts({kSource + "/tests/fonts", kSource + "/fonts"});
     LayoutFont font;
-    const Regenerated result = regenerate(settings, fonts, platform::systemClock(), font);
+    const Regenerated result = regenerate(settings, *fonts, platform::systemClock(), font);
     const VectorJob job = vectorJobOf(settings, result.paths);
     std::vector<std::byte> buffer(vectorDataSize(job));
     EXPECT_TRUE(writeVectorData(job, buffer));
@@ -31,7 +32,7 @@ std::string streamOf(const TextSettings& settings) {
     return {reinterpret_cast<const char*>(buffer.data()), size};
 }
 
-TextSettings testSettings() {
+TextSettings solidCircle() {
     TextSettings settings = startUpSettings(96);
     settings.FontName = u"Ovaline Test";
     settings.TextData = u"Ovaline 08";
@@ -40,39 +41,34 @@ TextSettings testSettings() {
     return settings;
 }
 
-struct Case {
-    const char* name;
-    TextSettings settings;
-};
-
-std::vector<Case> cases() {
-    std::vector<Case> all(5, Case{"", testSettings()});
-    all[0].name = "solid-circle";
-    all[1].name = "cross-inside";
-    all[1].settings.TextDirection = CounterClockwise;
-    all[1].settings.FillStyle = Cross;
-    all[1].settings.FillDistance = 150;
-    all[1].settings.FillLineAngle = 20;
-    all[1].settings.StartAngle = 10;
-    all[1].settings.Angle = 33;
-    all[2].name = "line-mirrored-bold-italic";
-    all[2].settings.FillStyle = Line;
-    all[2].settings.FillDistance = 200;
-    all[2].settings.MirrorHorizontal = -1;
-    all[2].settings.Height = 12000;
-    all[2].settings.FontBold = all[2].settings.FontItalic = -1;
-    all[2].settings.TextData = u"AVATo\u00C4x.";
-    all[3].name = "inch-outline-spaced";
-    all[3].settings.Measurement = 1;
-    setDotsPerUnit(all[3].settings, 15882.62f);
-    all[3].settings.FillStyle = NoFilling;
-    all[3].settings.CharSpace = 2000;
-    all[3].settings.ShowAxes = NoAxesPartial;
-    all[3].settings.Flatness = 2;
-    all[4].name = "single-stroke";
-    setFontName(all[4].settings, u"Filament SanSerif");
-    all[4].settings.TextData = u"Größe Łódź №7";
-    all[4].settings.Angle = 90;
+std::map<std::string, TextSettings> cases() {
+    std::map<std::string, TextSettings> all;
+    all["solid-circle"] = solidCircle();
+    TextSettings& cross = all["cross-inside"] = solidCircle();
+    cross.TextDirection = CounterClockwise;
+    cross.FillStyle = Cross;
+    cross.FillDistance = 150;
+    cross.FillLineAngle = 20;
+    cross.StartAngle = 10;
+    cross.Angle = 33;
+    TextSettings& line = all["line-mirrored-bold-italic"] = solidCircle();
+    line.FillStyle = Line;
+    line.FillDistance = 200;
+    line.MirrorHorizontal = -1;
+    line.Height = 12000;
+    line.FontBold = line.FontItalic = -1;
+    line.TextData = u"AVATo\u00C4x.";
+    TextSettings& inch = all["inch-outline-spaced"] = solidCircle();
+    inch.Measurement = 1;
+    setDotsPerUnit(inch, 15882.62f);
+    inch.FillStyle = NoFilling;
+    inch.CharSpace = 2000;
+    inch.ShowAxes = NoAxesPartial;
+    inch.Flatness = 2;
+    TextSettings& strokes = all["single-stroke"] = solidCircle();
+    setFontName(strokes, u"Filament SanSerif");
+    strokes.TextData = u"Größe Łódź №7";
+    strokes.Angle = 90;
     return all;
 }
 
@@ -82,20 +78,17 @@ std::string golden(const std::string& name) {
 }
 
 TEST(Golden, StreamsAreTheSameByteForByte) {
-    for (const Case& test : cases()) {
-        const std::string stream = streamOf(test.settings);
-        ASSERT_GT(stream.size(), 100 * kVectorRecordSize) << test.name;
+    for (const auto& [name, settings] : cases()) {
+        const std::string stream = streamOf(settings);
+        ASSERT_GT(stream.size(), 100 * kVectorRecordSize) << name;
         if (std::getenv("OVALINE_WRITE_GOLDEN"))
-            std::ofstream(kSource + "/tests/golden/" + test.name + ".ovl", std::ios::binary) << stream;
-        EXPECT_TRUE(stream == golden(test.name)) << test.name << " differs from its golden stream";
+            std::ofstream(kSource + "/tests/golden/" + name + ".ovl", std::ios::binary) << stream;
+        EXPECT_TRUE(stream == golden(name)) << name << " differs from its golden stream";
     }
-}
-
-// The comparison can fail: the smallest change of a setting shows.
-TEST(Golden, AMicrometreMakesAnotherStream) {
-    Case wider = cases()[0];
-    wider.settings.Width += 1;
-    EXPECT_FALSE(streamOf(wider.settings) == golden(wider.name));
+    // The comparison can fail: the smallest change of a setting shows.
+    TextSettings wider = solidCircle();
+    wider.Width += 1;
+    EXPECT_FALSE(streamOf(wider) == golden("solid-circle"));
 }
 
 }  // namespace

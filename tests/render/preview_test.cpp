@@ -30,6 +30,10 @@ protected:
         job.left = 100;
         job.top = 50;
     }
+    void onlySolidText() {
+        job.style.fillStyle = Solid;
+        job.style.outlined = false;
+    }
 
     Log draw() const {
         platform::RecordingCanvas canvas(96, {0, 0, 1000, 1000});
@@ -48,16 +52,18 @@ const std::string kText = "M120,70 L140,70 L140,90 L120,90 Z";       // aligned 
 const std::string kTextAlone = "M100,50 L120,50 L120,70 L100,70 Z";  // aligned on itself
 
 TEST_F(PreviewTest, FullAxesAndHatch) {
-    EXPECT_THAT(
-        draw(),
+    const auto steps =
         ElementsAre("smooth", "clip box 100,50 80x60", "stroke ffbebebe 1 dash M100,50 L180,50 L180,110",
                     "stroke ffff7878 2 dot M104,54 L176,106", "fill ffbebebe ellipse 173,103 6x6", "clip path " + kText,
-                    "stroke ff000000 3 solid M110,80 L150,80", "unclip", "stroke ff000000 6 dash " + kText));
+                    "stroke ff000000 3 solid M110,80 L150,80", "unclip", "stroke ff000000 6 dash " + kText);
+    EXPECT_THAT(draw(), steps);
+    job.style.fillStyle = Solid;
+    job.style.fontStyle = SingleStroke;
+    EXPECT_THAT(draw(), steps) << "a single-stroke font is hatched, never filled";
 }
 
 TEST_F(PreviewTest, AxesDecideOnWhatIsDrawnAndAlignedOn) {
-    job.style.fillStyle = Solid;
-    job.style.outlined = false;
+    onlySolidText();
     job.style.showAxes = PartialAxes;
     EXPECT_THAT(draw(), ElementsAre("smooth", "clip box 100,50 20x20", "stroke ffbebebe 1 dash M80,30 L160,30 L160,90",
                                     "stroke ffff7878 2 dot M84,34 L156,86", "fill ffbebebe ellipse 153,83 6x6",
@@ -70,13 +76,7 @@ TEST_F(PreviewTest, AxesDecideOnWhatIsDrawnAndAlignedOn) {
     }
 }
 
-TEST_F(PreviewTest, TheGroundDecidesOnTheInk) {
-    job.style.lightInk = true;
-    const Log log = draw();
-    EXPECT_THAT(log, IsSupersetOf(Log{"stroke ffffffff 3 solid M110,80 L150,80", "stroke ffffffff 6 dash " + kText}));
-}
-
-TEST_F(PreviewTest, OutlineTypes) {
+TEST_F(PreviewTest, OutlineTypesAndInk) {
     const std::pair<std::int32_t, const char*> cases[] = {
         {NoOutline, "1 solid"}, {SolidLine, "6 solid"},       {Dash, "6 dash"}, {Dots, "6 dot"},
         {DashDot, "6 dashdot"}, {DashDotDot, "6 dashdotdot"}, {6, "6 solid"},   {-1, "6 solid"},
@@ -85,37 +85,30 @@ TEST_F(PreviewTest, OutlineTypes) {
         job.style.outlineType = type;
         EXPECT_EQ(draw().back(), std::string("stroke ff000000 ") + pen + " " + kText) << type;
     }
+    job.style.lightInk = true;
+    EXPECT_THAT(draw(),
+                IsSupersetOf(Log{"stroke ffffffff 3 solid M110,80 L150,80", "stroke ffffffff 6 solid " + kText}));
 }
 
-TEST_F(PreviewTest, ASingleStrokeFontIsHatchedNeverFilled) {
-    job.style.fillStyle = Solid;
-    job.style.fontStyle = SingleStroke;
-    EXPECT_THAT(draw(), IsSupersetOf(Log{"clip path " + kText, "stroke ff000000 3 solid M110,80 L150,80"}));
-}
-
-TEST_F(PreviewTest, InvertedAndSolid) {
-    job.style.invert = true;
-    job.style.fillStyle = Solid;
-    job.style.showAxes = NoAxesFull;
-    EXPECT_THAT(draw(), ElementsAre("smooth", "clip path M100,50 L180,50 L180,110 L100,110 Z",
-                                    "fill ff000000 box 100,50 80x60 outside " + kText, "unclip",
-                                    "stroke ff000000 6 dash " + kText, "clip box 100,50 80x60",
-                                    "stroke ffffffff 1 solid " + kText));
-}
-
-TEST_F(PreviewTest, InvertedAndHatched) {
+TEST_F(PreviewTest, Inverted) {
     job.style.invert = true;
     job.style.showAxes = NoAxesPartial;
     job.style.outlined = false;
     EXPECT_THAT(draw(), ElementsAre("smooth", "clip path " + kTextAlone, "clip box 100,50 20x20 outside " + kTextAlone,
                                     "stroke ff000000 3 solid M90,60 L130,60", "clip box 100,50 20x20",
                                     "stroke ffffffff 1 solid " + kTextAlone));
+    job.style.fillStyle = Solid;
+    job.style.showAxes = NoAxesFull;
+    job.style.outlined = true;
+    EXPECT_THAT(draw(), ElementsAre("smooth", "clip path M100,50 L180,50 L180,110 L100,110 Z",
+                                    "fill ff000000 box 100,50 80x60 outside " + kText, "unclip",
+                                    "stroke ff000000 6 dash " + kText, "clip box 100,50 80x60",
+                                    "stroke ffffffff 1 solid " + kText));
 }
 
 TEST_F(PreviewTest, CopiesOfAStaticTextGoRowByRow) {
+    onlySolidText();
     job.array = {2, 2, 50, -100};
-    job.style.fillStyle = Solid;
-    job.style.outlined = false;
     // The picture is as large as all copies, and the second row is above the first.
     EXPECT_THAT(
         draw(),
@@ -129,11 +122,10 @@ TEST_F(PreviewTest, CopiesOfAStaticTextGoRowByRow) {
 }
 
 TEST_F(PreviewTest, ComposedTextHoldsItsCopiesAndEachHasAFrame) {
+    onlySolidText();
     text = pathFrom("M10,10 L20,10 L20,20 L10,20 Z M60,10 L70,10 L70,20 L60,20 Z");
     job.kept = job.array = {2, 1, 50, 0};
     job.composed = true;
-    job.style.fillStyle = Solid;
-    job.style.outlined = false;
     EXPECT_THAT(
         draw(),
         ElementsAre("smooth", "clip box 100,50 180x60",
@@ -142,40 +134,36 @@ TEST_F(PreviewTest, ComposedTextHoldsItsCopiesAndEachHasAFrame) {
                     "fill ff000000 M120,70 L140,70 L140,90 L120,90 Z M220,70 L240,70 L240,90 L220,90 Z"));
     // The box around all copies is repeated all the same.
     job.style.invert = true;
-    job.style.showAxes = NoAxesFull;
     EXPECT_EQ(draw()[1], "clip path M100,50 L280,50 L280,110 L100,110 Z M200,50 L380,50 L380,110 L200,110 Z");
+    job.boxesOverlap = true;
+    EXPECT_EQ(draw()[1], "clip also M100,50 L280,50 L280,110 L100,110 Z M200,50 L380,50 L380,110 L200,110 Z");
 }
 
 TEST_F(PreviewTest, WhatIsKeptIsRepeatedWholeWhereTheSettingsTurnedStatic) {
-    job.kept = {2, 1, 50, 0};
+    job.kept = {2, 2, 50, 40};
     job.array = {1, 2, 0, 100};
-    EXPECT_THAT(draw(), IsSupersetOf(Log{"clip box 100,50 180x260",
-                                         "stroke ffbebebe 1 dash M100,50 L180,50 L180,110 M200,50 L280,50 L280,110 "
-                                         "M100,250 L180,250 L180,310 M200,250 L280,250 L280,310",
-                                         "fill ffbebebe ellipse 273,303 6x6"}));
+    EXPECT_THAT(draw(), IsSupersetOf(Log{"clip box 100,50 180x340", "fill ffbebebe ellipse 273,383 6x6"}));
 }
 
-TEST_F(PreviewTest, BoxesThatOverlapAreAddedToTheClip) {
-    job.style.invert = true;
-    job.array = {2, 1, 30, 0};
-    EXPECT_EQ(draw()[1], "clip path M100,50 L180,50 L180,110 L100,110 Z M160,50 L240,50 L240,110 L160,110 Z");
-    job.boxesOverlap = true;
-    EXPECT_EQ(draw()[1], "clip also M100,50 L180,50 L180,110 L100,110 Z M160,50 L240,50 L240,110 L160,110 Z");
+// What lies beside the picture, which ends at 1000, by no more than the reach of its lines' corners is drawn.
+TEST_F(PreviewTest, LinesReachIntoThePicture) {
+    job.style.outlineWidth = 1;
+    for (const auto& [x, seen] : {std::pair{1011.0f, true}, {1012.0f, false}}) {
+        job.left = x - 20;
+        EXPECT_EQ(draw().back().ends_with(" Z"), seen) << x;
+    }
 }
 
-TEST_F(PreviewTest, NothingIsDrawnOfNothing) {
+TEST_F(PreviewTest, NothingIsDrawnOfNothingNorAtScalesThatAreNone) {
+    for (const float scale : {0.0f, std::numeric_limits<float>::quiet_NaN(), 1e38f, -2.0f}) {
+        job.pixelsPerDot = scale;
+        EXPECT_EQ(draw().size(), 9u) << scale;
+    }
+    job.pixelsPerDot = 2;
     text = fill = frame = guide = GraphicsPath();
     EXPECT_THAT(draw(),
                 ElementsAre("smooth", "clip box 100,50 0x0", "stroke ffbebebe 1 dash ", "stroke ffff7878 2 dot ",
                             "clip path ", "stroke ff000000 3 solid ", "unclip", "stroke ff000000 6 dash "));
-}
-
-TEST_F(PreviewTest, ScalesThatAreNoneDrawNothing) {
-    for (const float scale :
-         {0.0f, std::numeric_limits<float>::quiet_NaN(), std::numeric_limits<float>::infinity(), -2.0f, 1e38f}) {
-        job.pixelsPerDot = scale;
-        EXPECT_EQ(draw().size(), 9u) << scale;
-    }
 }
 
 }  // namespace
