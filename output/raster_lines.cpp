@@ -1,6 +1,7 @@
 #include "output/raster_lines.h"
 
 #include <algorithm>
+#include <memory>
 
 #include "output/outline_dash.h"
 
@@ -23,18 +24,31 @@ constexpr float kPenWidth = 1;  // pixel
 /// How far a line's ink reaches: half its width, ten times that at a corner.
 constexpr float kInkReach = 5;  // pixels
 
+/// Pixels around a tile that its bitmap has too, and that are not taken: an engine that draws without smoothing may add
+/// a pixel where a slanted line enters its bitmap.
+constexpr std::int32_t kMargin = 8;
+
 constexpr int kDarkBelow = 450;
 
 bool isDark(std::uint32_t pixel) {
     return (pixel >> 16 & 0xFF) + (pixel >> 8 & 0xFF) + (pixel & 0xFF) < kDarkBelow;
 }
 
+std::unique_ptr<platform::Bitmap> makeBitmapOf(const RasterTile& tile) {
+    return platform::makeBitmap(tile.width + 2 * kMargin, tile.height + 2 * kMargin);
+}
+
 }  // namespace
 
-/// The figures of a path that reach into a tile, in the tile's own pixels.
+/// The figures of a path that reach into a tile, in the pixels of the tile's bitmap.
 class RasterLines::SeenPath {
 public:
-    SeenPath(const RasterPlace& place, const RasterTile& tile) : place_(place), tile_(tile) {}
+    SeenPath(const RasterPlace& place, const RasterTile& tile)
+        : place_(place),
+          left_(static_cast<float>(tile.x - kMargin)),
+          top_(static_cast<float>(tile.y - kMargin)),
+          width_(static_cast<float>(tile.width + 2 * kMargin)),
+          height_(static_cast<float>(tile.height + 2 * kMargin)) {}
 
     /// False, and incomplete, where there would be more than `most` points.
     bool select(const GraphicsPath& path, std::size_t most) {
@@ -58,12 +72,12 @@ private:
         Extent extent;
         for (const PointF dots : points) {
             const PointF whole = place_.map(dots);
-            const PointF p{whole.X - static_cast<float>(tile_.x), whole.Y - static_cast<float>(tile_.y)};
+            const PointF p{whole.X - left_, whole.Y - top_};
             extent.include(p);
             points_.push_back({p.X, p.Y});
         }
-        const bool seen = extent.right >= -kInkReach && extent.left <= static_cast<float>(tile_.width) + kInkReach &&
-                          extent.bottom >= -kInkReach && extent.top <= static_cast<float>(tile_.height) + kInkReach;
+        const bool seen = extent.right >= -kInkReach && extent.left <= width_ + kInkReach &&
+                          extent.bottom >= -kInkReach && extent.top <= height_ + kInkReach;
         if (seen)
             types_.insert(types_.end(), types.begin(), types.end());
         else
@@ -71,7 +85,7 @@ private:
     }
 
     const RasterPlace& place_;
-    const RasterTile& tile_;
+    float left_, top_, width_, height_;  // of the bitmap
     std::vector<DrawingPoint> points_;
     std::vector<std::uint8_t> types_;
 };
@@ -88,7 +102,7 @@ RasterLines::RasterLines(const RasterJob& job, const RectF& box, Raster& raster)
 Status RasterLines::draw(const RasterTile& tile) {
     if (!hatch_ && !outline_ && !lightLine_) return Ok;
     const bool large = std::int64_t{tile.width} * tile.height > kMostTilePixels ||
-                       std::max(tile.width, tile.height) > platform::kMostPixelsAcross;
+                       std::max(tile.width, tile.height) > platform::kMostPixelsAcross - 2 * kMargin;
     if (large) return drawHalves(tile);
     SeenPath text(place_, tile);
     if (!text.select(job_.text, kMostTilePoints))
@@ -96,13 +110,13 @@ Status RasterLines::draw(const RasterTile& tile) {
     // Only hatch around an inverted text lies where there is no text.
     if (text.empty() && !(hatch_ && job_.invert)) return Ok;
     if (hatch_ || outline_) {
-        const std::unique_ptr<platform::Bitmap> bitmap = platform::makeBitmap(tile.width, tile.height);
+        const std::unique_ptr<platform::Bitmap> bitmap = makeBitmapOf(tile);
         if (!bitmap) return OutOfMemory;
         drawDark(bitmap->canvas(), text, tile);
         apply(Ink::Dark, *bitmap, tile);
     }
     if (lightLine_) {
-        const std::unique_ptr<platform::Bitmap> bitmap = platform::makeBitmap(tile.width, tile.height);
+        const std::unique_ptr<platform::Bitmap> bitmap = makeBitmapOf(tile);
         if (!bitmap) return OutOfMemory;
         bitmap->canvas().setClip(boxIn(tile));
         bitmap->canvas().stroke(text, {kOpaqueBlack, kPenWidth, DashStyle::Solid});
@@ -147,13 +161,14 @@ void RasterLines::drawHatch(platform::Canvas& canvas, const SeenPath& text, cons
 }
 
 platform::DrawingBox RasterLines::boxIn(const RasterTile& tile) const {
-    return {-static_cast<float>(tile.x), -static_cast<float>(tile.y), box_.Width, box_.Height};
+    return {static_cast<float>(kMargin - tile.x), static_cast<float>(kMargin - tile.y), box_.Width, box_.Height};
 }
 
 void RasterLines::apply(Ink ink, const platform::Bitmap& bitmap, const RasterTile& tile) {
     const std::size_t bytesPerRow = raster_.bytesPerRow();
     for (std::int32_t y = 0; y < tile.height; ++y) {
-        const std::span<const std::uint32_t> pixels = bitmap.row(y);
+        const std::span<const std::uint32_t> pixels =
+            bitmap.row(y + kMargin).subspan(kMargin, static_cast<std::size_t>(tile.width));
         const auto row = static_cast<std::size_t>(raster_.rows - 1 - (tile.y + y));
         std::byte* to = raster_.bits.data() + row * bytesPerRow + static_cast<std::size_t>(tile.x) / 8;
         for (std::size_t x = 0; x < pixels.size(); x += 8, ++to) {

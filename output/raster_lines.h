@@ -34,9 +34,9 @@ private:
     Status drawHalves(const RasterTile& tile);
     void drawDark(platform::Canvas& canvas, const SeenPath& text, const RasterTile& tile) const;
     void drawHatch(platform::Canvas& canvas, const SeenPath& text, const RasterTile& tile) const;
-    /// The whole picture's box in the tile's pixels.
+    /// The whole picture's box in the pixels of the tile's bitmap.
     platform::DrawingBox boxIn(const RasterTile& tile) const;
-    /// Gives the pixels of the raster the ink where the bitmap is dark.
+    /// Gives the tile's pixels of the raster the ink where its bitmap is dark.
     void apply(Ink ink, const platform::Bitmap& bitmap, const RasterTile& tile);
 
     const RasterJob& job_;

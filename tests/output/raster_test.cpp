@@ -162,15 +162,19 @@ TEST_F(RasterTest, PartsMeetWithoutASeam) {
         GdipAddPathLine(fill, x, 0, x + 4000, 4000);
     }
     job.fillStyle = Line;
-    const Raster raster = render();
-    for (std::int32_t y = 1; y < raster.rows; ++y)
-        for (std::int32_t x = 1; x < raster.columns; ++x)
-            ASSERT_EQ(isDark(raster, x, y), isDark(raster, x - 1, y - 1)) << x << ' ' << y;
-    // Around an inverted text most parts hold no text.
+    const auto expectUnbrokenLines = [this](std::int32_t sides) {
+        const Raster raster = render();
+        for (std::int32_t y = 1; y < raster.rows; ++y)
+            for (std::int32_t x = 1 + sides; x < raster.columns - sides; ++x)
+                ASSERT_EQ(isDark(raster, x, y), isDark(raster, x - 1, y - 1)) << x << ' ' << y;
+    };
+    expectUnbrokenLines(0);
+    // Around an inverted text, where most parts hold no text, the clip at the picture's own sides may add a pixel.
     job.showAxes = FullAxes;
     job.frame = {0, 0, 9000, 4000};
     job.invert = true;
     text = pathOf({rectangle(0, 0, 1, 1)});
+    expectUnbrokenLines(1);
     fill = pathFrom("M0,3000.5 L9000,3000.5");
     EXPECT_EQ(darkPixels(), 9000);
 }
