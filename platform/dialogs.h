@@ -72,7 +72,8 @@ public:
     /// Hiding or showing one that is so already does nothing.
     virtual void show(int id, bool visible) = 0;
 
-    /// Appends an item, or puts it in alphabetical place in a sorted list; its place. The selection stays with its item.
+    /// Appends an item, or puts it in alphabetical place in a sorted list; its place. The selection stays with its
+    /// item.
     virtual int addItem(int id, std::u16string_view text) = 0;
     virtual void clearItems(int id) = 0;
     virtual std::u16string itemText(int id, int item) const = 0;
@@ -94,8 +95,8 @@ public:
 
 /// The dialog of template `templateId` in language `languageId`, on `parent`, invisible at first. `events` outlives it.
 /// `parent` is a window, where the platform has none that of a DialogFrame; it may go before the dialog, which then
-/// takes part in nothing any more. Null where there is no such template in that language, `parent` is none or holds a
-/// dialog already, or the platform can't make it.
+/// takes part in nothing any more. Null where there is no such template in that language, `parent` is none, a dialog of
+/// these or a DialogFrame's that holds a dialog already, or the platform can't make it.
 std::unique_ptr<Dialog> makeDialog(std::uint32_t templateId, std::uint16_t languageId, HWND parent,
                                    DialogEvents& events);
 

@@ -53,7 +53,7 @@ struct DrawingPath {
 enum class DashStyle { Solid, Dash, Dot, DashDot, DashDotDot };
 
 /// Centred on the path, flat ends, mitred corners up to 10 times the width. A pen of width 0 or below draws nothing;
-/// below 1 it draws as much ink as a line of that width holds.
+/// below 1 it draws as much ink as a line of that width holds, if need be in a fainter colour.
 struct Pen {
     Argb colour = kOpaqueBlack;
     float width = 1;
@@ -73,7 +73,8 @@ public:
     /// Nothing outside of it can be seen.
     virtual DrawingBox visible() const = 0;
 
-    /// Smooth edges, of shapes and of clips that are set from then on; otherwise a pixel is drawn whole or not at all.
+    /// Smooth edges, of shapes and, where the platform can, of clips that are set from then on; otherwise a pixel is
+    /// drawn whole or not at all.
     virtual void setSmoothing(bool smooth) = 0;
 
     // The clip, in which alone is drawn.
@@ -123,6 +124,9 @@ std::unique_ptr<Bitmap> makeBitmap(int width, int height);
 
 enum class PictureKind { Png, Svg, Pdf };
 
+/// Whether the platform makes pictures of that kind; of `Png` all do.
+bool offersPictures(PictureKind kind);
+
 /// A picture that is drawn on through its device context and then written.
 class Picture {
 public:
@@ -137,8 +141,8 @@ public:
 };
 
 /// A new picture of width × height pixels, `pixelsPerInch` of them to an inch, on a ground of the given colour or,
-/// without one, transparent. Null where memory does not suffice, a side is not from 1 to `kMostPixelsAcross` or the
-/// resolution is not a positive number.
+/// without one, transparent. Null where memory does not suffice, a side is not from 1 to `kMostPixelsAcross`, the
+/// resolution is not a positive number or the platform does not offer the kind.
 std::unique_ptr<Picture> makePicture(PictureKind kind, int width, int height, float pixelsPerInch,
                                      std::optional<Argb> ground);
 

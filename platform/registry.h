@@ -69,12 +69,18 @@ public:
     /// Why the registry can't be read, in one line for a person; empty where it can.
     virtual std::string problem() const = 0;
 
+    /// What a person can do where it can't be written, as the end of a sentence.
+    virtual std::string remedy() const = 0;
+
 protected:
     ~Registry() = default;
 };
 
 /// Whether the path is a key's: one of the roots, or under one of them names of 1 to 255 code units.
 bool isRegistryKey(std::u16string_view path);
+
+/// Whether a backend can make the change: its names and its text are ones, and it removes no root.
+bool isRegistryChange(const RegistryChange& change);
 
 /// The registry of the platform.
 Registry& systemRegistry();

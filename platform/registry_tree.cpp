@@ -37,13 +37,6 @@ bool isKeyName(std::u16string_view name) {
     return !name.empty() && name.size() <= kLongest && std::ranges::none_of(name, [](char16_t c) { return c < u' '; });
 }
 
-bool isValid(const RegistryChange& change) {
-    const bool removesKey = change.kind == Kind::RemoveTree || change.kind == Kind::RemoveKeyIfEmpty;
-    const auto* text = std::get_if<std::u16string>(&change.value);
-    return isRegistryKey(change.key) && !(removesKey && isRoot(change.key)) && isText(change.name) &&
-           (!text || isText(*text));
-}
-
 }  // namespace
 
 bool isRegistryKey(std::u16string_view path) {
@@ -55,6 +48,13 @@ bool isRegistryKey(std::u16string_view path) {
         begin = end;
     }
     return true;
+}
+
+bool isRegistryChange(const RegistryChange& change) {
+    const bool removesKey = change.kind == Kind::RemoveTree || change.kind == Kind::RemoveKeyIfEmpty;
+    const auto* text = std::get_if<std::u16string>(&change.value);
+    return isRegistryKey(change.key) && !(removesKey && isRoot(change.key)) && isText(change.name) &&
+           (!text || isText(*text));
 }
 
 bool RegistryNameLess::operator()(std::u16string_view a, std::u16string_view b) const {
@@ -130,7 +130,7 @@ void RegistryTree::make(const RegistryChange& change) {
 }
 
 HRESULT RegistryTree::apply(std::span<const RegistryChange> changes) {
-    if (!std::ranges::all_of(changes, isValid)) return E_INVALIDARG;
+    if (!std::ranges::all_of(changes, isRegistryChange)) return E_INVALIDARG;
     for (const RegistryChange& change : changes) make(change);
     return S_OK;
 }

@@ -25,6 +25,7 @@ public:
     }
     std::string place() const override { return "memory"; }
     std::string problem() const override { return {}; }
+    std::string remedy() const override { return "start over"; }
 
 private:
     RegistryTree tree_;

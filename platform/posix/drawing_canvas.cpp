@@ -4,8 +4,8 @@
 #include <cmath>
 #include <new>
 
+#include "platform/drawing_path.h"
 #include "platform/posix/drawing_device.h"
-#include "platform/posix/drawing_path.h"
 
 namespace ovaline::platform {
 
@@ -33,6 +33,21 @@ std::span<const double> patternOf(DashStyle style) {
     }
     return {};
 }
+
+class CairoSink final : public FigureSink {
+public:
+    explicit CairoSink(cairo_t* context) : context_(context) {}
+
+    void moveTo(Place start) override { cairo_move_to(context_, start.x, start.y); }
+    void lineTo(Place end) override { cairo_line_to(context_, end.x, end.y); }
+    void curveTo(Place control1, Place control2, Place end) override {
+        cairo_curve_to(context_, control1.x, control1.y, control2.x, control2.y, end.x, end.y);
+    }
+    void close() override { cairo_close_path(context_); }
+
+private:
+    cairo_t* context_;
+};
 
 class CairoCanvas final : public Canvas {
 public:
@@ -74,7 +89,7 @@ public:
 
     void setClip(const DrawingPath& path) override {
         resetClip();
-        appendAreas(context_.get(), path, visible_);
+        append(path);
         clipToArea();
     }
 
@@ -82,7 +97,7 @@ public:
         setClip(box);
         // The box's own area takes part in the even-odd rule, which turns the path's area inside out within it.
         append(box);
-        appendAreas(context_.get(), path, visible_);
+        append(path);
         clipToArea();
     }
 
@@ -99,14 +114,14 @@ public:
         cairo_set_source(c, before.get());
         cairo_paint(c);
         cairo_set_source_rgb(c, 0, 0, 0);
-        appendAreas(c, path, visible_);
+        append(path);
         cairo_fill(c);
         clipMask_.reset(cairo_pop_group(c));
     }
 
     void fill(const DrawingPath& path, Argb colour) override {
         draw(colour, [&](cairo_t* c) {
-            appendAreas(c, path, visible_);
+            append(path);
             cairo_fill(c);
         });
     }
@@ -117,7 +132,7 @@ public:
             append(box);
             cairo_clip(c);
             append(box);
-            appendAreas(c, path, visible_);
+            append(path);
             cairo_fill(c);
             cairo_restore(c);
         });
@@ -146,7 +161,8 @@ public:
         cairo_set_dash(context_.get(), lengths.data(), static_cast<int>(pattern.size()), 0);
         draw(pen.colour, [&](cairo_t* c) {
             LineFeeder lines(path, visible_.grownBy(width / 2 * kMiterLimit));
-            while (lines.appendSome(c)) cairo_stroke(c);
+            CairoSink sink(c);
+            while (lines.appendSome(sink)) cairo_stroke(c);
         });
     }
 
@@ -163,7 +179,12 @@ private:
                                                       {box.X + box.Width, box.Y + box.Height},
                                                       {box.X, box.Y + box.Height}}};
         static constexpr std::array<std::uint8_t, 4> kTypes = {0, 1, 1, 0x81};
-        appendAreas(context_.get(), {corners, kTypes}, visible_);
+        append({corners, kTypes});
+    }
+
+    void append(const DrawingPath& path) {
+        CairoSink sink(context_.get());
+        appendAreas(sink, path, visible_);
     }
 
     void clip() {

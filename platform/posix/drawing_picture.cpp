@@ -69,6 +69,10 @@ private:
 
 }  // namespace
 
+bool offersPictures(PictureKind) {
+    return true;
+}
+
 std::unique_ptr<Picture> makePicture(PictureKind kind, int width, int height, float pixelsPerInch,
                                      std::optional<Argb> ground) {
     if (!fitsSurface(width, height) || !(pixelsPerInch > 0)) return nullptr;

@@ -9,10 +9,10 @@
 #include <system_error>
 #include <utility>
 
-#include "platform/posix/fonts_cache.h"
 #include "platform/posix/fonts_face.h"
 #include "platform/posix/fonts_mapper.h"
 #include "platform/posix/fonts_scaling.h"
+#include "platform/recent_cache.h"
 
 namespace ovaline::platform {
 

@@ -14,10 +14,6 @@ namespace {
 constexpr std::int64_t kMostDotsPerEm = 0xFFFF;  // the font engine counts them in 16 bits
 constexpr int kSubDots = 64;                     // outline coordinates are in 26.6
 
-FT_Fixed scaleOf(std::int32_t ppem, std::int32_t unitsPerEm) {
-    return FT_DivFix(FT_Long{ppem} * kSubDots, unitsPerEm);
-}
-
 }  // namespace
 
 std::int64_t mulDiv(std::int64_t a, std::int64_t b, std::int64_t c) {
@@ -42,7 +38,7 @@ std::optional<std::int32_t> dotsPerEm(std::int32_t lfHeight, const CellUnits& ce
 }
 
 std::int32_t cellDots(std::int32_t units, std::int32_t ppem, std::int32_t unitsPerEm) {
-    return static_cast<std::int32_t>((FT_MulFix(units, scaleOf(ppem, unitsPerEm)) + kSubDots / 2) >> 6);
+    return static_cast<std::int32_t>(FT_MulFix(units, FT_DivFix(ppem, unitsPerEm)));
 }
 
 std::int32_t advanceDots(std::int64_t advance) {
@@ -59,7 +55,7 @@ std::int32_t emboldeningStrength(std::int32_t ppem) {
 }
 
 std::int64_t slantShift(std::int64_t y) {
-    return y / 4;
+    return mulDiv(y, 1, 4);
 }
 
 }  // namespace ovaline::platform

@@ -20,7 +20,7 @@ std::int64_t mulDiv(std::int64_t a, std::int64_t b, std::int64_t c);
 /// an em height if negative. At least 1. No value for 0 and beyond what the font engine scales to.
 std::optional<std::int32_t> dotsPerEm(std::int32_t lfHeight, const CellUnits& cell);
 
-/// tmAscent and tmDescent: design units in whole dots, rounded to the nearest 1/64 dot first. `units` not negative.
+/// tmAscent and tmDescent: design units in whole dots, at a scale that is rounded to 16.16. `units` not negative.
 std::int32_t cellDots(std::int32_t units, std::int32_t ppem, std::int32_t unitsPerEm);
 
 /// gmCellIncX of an advance in 1/64 dots: rounded up.
@@ -32,7 +32,8 @@ std::int32_t kerningDots(std::int32_t units, std::int32_t ppem, std::int32_t uni
 /// By how many 1/64 dots a made-up bold face is wider and higher than the face it is made of.
 std::int32_t emboldeningStrength(std::int32_t ppem);
 
-/// By how many 1/64 dots a made-up italic face moves a point at height `y` (1/64 dots, upward) to the right.
+/// By how many 1/64 dots a made-up italic face moves a point at height `y` (1/64 dots, upward) to the right: a
+/// quarter of it, rounded to the nearest.
 std::int64_t slantShift(std::int64_t y);
 
 }  // namespace ovaline::platform

@@ -23,6 +23,7 @@ public:
     HRESULT apply(std::span<const RegistryChange> changes) override;
     std::string place() const override { return file_.string(); }
     std::string problem() const override;
+    std::string remedy() const override { return "set OVALINE_REGISTRY to a file that can"; }
 
 private:
     std::filesystem::path file_;

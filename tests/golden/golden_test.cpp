@@ -79,6 +79,9 @@ std::string golden(const std::string& name) {
 
 TEST(Golden, StreamsAreTheSameByteForByte) {
     for (const auto& [name, settings] : cases()) {
+        // How a face that the font does not have is made up is the font engine's own.
+        const bool isMadeUp = settings.FontBold != 0 || settings.FontItalic != 0;
+        if (isMadeUp && !OVALINE_MADE_UP_STYLES) continue;
         const std::string stream = streamOf(settings);
         ASSERT_GT(stream.size(), 100 * kVectorRecordSize) << name;
         if (std::getenv("OVALINE_WRITE_GOLDEN"))

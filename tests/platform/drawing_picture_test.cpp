@@ -28,18 +28,6 @@ TEST(DrawingPicture, Png) {
     EXPECT_EQ(file, drawn(PictureKind::Png, 300, kOpaqueWhite));
 }
 
-TEST(DrawingPicture, SvgCountsInPixels) {
-    const std::string file = drawn(PictureKind::Svg, 300, kOpaqueWhite);
-    EXPECT_NE(file.find("width=\"30px\" height=\"20px\" viewBox=\"0 0 30 20\""), std::string::npos) << file;
-    EXPECT_NE(file.find("</svg>"), std::string::npos);
-}
-
-TEST(DrawingPicture, PdfIsAsLargeAsItsResolutionSays) {
-    const std::string file = drawn(PictureKind::Pdf, 144, kOpaqueWhite);
-    EXPECT_EQ(file.substr(0, 5), "%PDF-");
-    EXPECT_NE(file.find("/MediaBox [ 0 0 15 10 ]"), std::string::npos);
-}
-
 TEST(DrawingPicture, WhatIsNoPicture) {
     for (const PictureKind kind : {PictureKind::Png, PictureKind::Svg, PictureKind::Pdf}) {
         EXPECT_EQ(makePicture(kind, 0, 10, 96, {}), nullptr);

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/posix/fonts.h"
+#include "tests/platform/fonts_backend.h"
 
 namespace {
 
@@ -43,8 +43,8 @@ int main(int count, char** arguments) {
     description.lfWeight = numberOf(words[2]);
     description.lfItalic = words[3] == "1";
     const bool flip = words[4] == "1";
-    PosixFontService service({words.begin() + 5, words.end()});
-    const auto font = service.createFont(description);
+    const auto service = makePlatformFonts({words.begin() + 5, words.end()});
+    const auto font = service->createFont(description);
     if (!font) {
         std::cout << "none\n";
         return 0;

@@ -7,7 +7,7 @@
 #include <memory>
 
 #include "platform/memory/fonts.h"
-#include "platform/posix/fonts.h"
+#include "tests/platform/fonts_backend.h"
 #include "tests/platform/fonts_records.h"
 
 namespace ovaline::platform {
@@ -25,9 +25,8 @@ void PrintTo(const Backend& backend, std::ostream* out) {
     *out << backend.name;
 }
 
-const Backend kPosix{
-    "posix", [] { return std::unique_ptr<FontService>(new PosixFontService({OVALINE_SOURCE_DIR "/tests/fonts"})); },
-    u"Ovaline Test"};
+const Backend kPlatform{"platform", [] { return makePlatformFonts({OVALINE_SOURCE_DIR "/tests/fonts"}); },
+                        u"Ovaline Test"};
 const Backend kMemory{"memory", [] { return std::unique_ptr<FontService>(new MemoryFontService); }, u"Memory"};
 
 class FontServiceConformance : public testing::TestWithParam<Backend> {
@@ -141,7 +140,7 @@ TEST_P(FontServiceConformance, UnknownFamilyIsSubstituted) {
     EXPECT_TRUE(font->glyphOutline(u'A', false));
 }
 
-INSTANTIATE_TEST_SUITE_P(Backends, FontServiceConformance, testing::Values(kPosix, kMemory),
+INSTANTIATE_TEST_SUITE_P(Backends, FontServiceConformance, testing::Values(kPlatform, kMemory),
                          [](const auto& instance) { return instance.param.name; });
 
 }  // namespace

@@ -24,6 +24,9 @@ TEST(FontScaling, CellHeightIsNeverExceeded) {
     EXPECT_EQ(dotsPerEm(1, kCell), 1);
     EXPECT_EQ(cellDots(1854, 89, 2048), 81);
     EXPECT_EQ(cellDots(434, 89, 2048), 19);
+    EXPECT_EQ(cellDots(434, 394, 2048), 83);  // 83.494
+    EXPECT_EQ(cellDots(250, 6, 1000), 1);     // 1.5, at a scale rounded down
+    EXPECT_EQ(cellDots(250, 50, 1000), 13);   // 12.5, at a scale rounded up
 }
 
 TEST(FontScaling, SizesWithinTheEngine) {
@@ -54,8 +57,9 @@ TEST(FontScaling, KerningCountsOneUnitMore) {
 TEST(FontScaling, MadeUpStyles) {
     EXPECT_EQ(emboldeningStrength(24), 64);
     EXPECT_EQ(emboldeningStrength(89), 237);  // 237.3
-    EXPECT_EQ(slantShift(7), 1);
-    EXPECT_EQ(slantShift(-7), -1);
+    EXPECT_EQ(slantShift(5), 1);
+    EXPECT_EQ(slantShift(538), 135);  // 134.5
+    EXPECT_EQ(slantShift(-538), -135);
 }
 
 }  // namespace

@@ -1,7 +1,5 @@
-// Paths as Cairo takes them: whatever could overflow its fixed-point coordinates is cut off far outside the picture.
+// Paths as a drawing engine takes them: whatever could overflow its coordinates is cut off far outside the picture.
 #pragma once
-
-#include <cairo.h>
 
 #include <cstddef>
 
@@ -19,11 +17,28 @@ struct Sides {
     Sides grownBy(double margin) const { return {left - margin, top - margin, right + margin, bottom + margin}; }
 };
 
-/// Cairo's coordinates end at 2^23; widths and joins of lines need some of that.
+/// The engines' coordinates end at 2^23 or beyond; widths and joins of lines need some of that.
 constexpr double kFarthest = 1e6;
 
+struct Place {
+    double x = 0;
+    double y = 0;
+};
+
+/// Takes figures one after the other.
+class FigureSink {
+public:
+    virtual void moveTo(Place start) = 0;
+    virtual void lineTo(Place end) = 0;
+    virtual void curveTo(Place control1, Place control2, Place end) = 0;
+    virtual void close() = 0;
+
+protected:
+    ~FigureSink() = default;
+};
+
 /// Appends the figures that reach into `seen` as areas. An area that goes beyond `kFarthest` is cut there.
-void appendAreas(cairo_t* context, const DrawingPath& path, const Sides& seen);
+void appendAreas(FigureSink& sink, const DrawingPath& path, const Sides& seen);
 
 /// The figures of a path as lines, in pieces of bounded size.
 class LineFeeder {
@@ -32,7 +47,7 @@ public:
     LineFeeder(const DrawingPath& path, const Sides& seen) : path_(path), seen_(seen) {}
 
     /// Appends figures until they have many points. False where there are none left.
-    bool appendSome(cairo_t* context);
+    bool appendSome(FigureSink& sink);
 
 private:
     DrawingPath path_;

@@ -1,4 +1,4 @@
-#include "platform/posix/drawing_path.h"
+#include "platform/drawing_path.h"
 
 #include <algorithm>
 #include <array>
@@ -15,8 +15,8 @@ constexpr std::uint8_t kStart = 0;
 constexpr std::uint8_t kCubic = 3;
 constexpr std::uint8_t kClosed = 0x80;
 
-/// Lines are stroked in pieces of about so many points: the memory that Cairo takes for one grows with it, and lines of
-/// two pieces only blend where they meet in a pixel.
+/// Lines are stroked in pieces of about so many points: the memory that an engine takes for one grows with it, and
+/// lines of two pieces only blend where they meet in a pixel.
 constexpr std::size_t kPointsAtOnce = std::size_t{1} << 11;
 
 struct Figure {
@@ -47,44 +47,43 @@ Reach reachOf(const Figure& figure, const Sides& seen) {
         top = std::min(top, point.Y);
         bottom = std::max(bottom, point.Y);
     }
-    if (!std::isfinite(sum)) return Reach::Nowhere;
+    if (!std::isfinite(sum) || (left == right && top == bottom)) return Reach::Nowhere;
     if (right < seen.left || left > seen.right || bottom < seen.top || top > seen.bottom) return Reach::Nowhere;
-    const bool near = std::max({-left, right, -top, bottom}) <= static_cast<float>(kFarthest);
-    return near ? Reach::Near : Reach::Far;
+    const bool isNear = std::max({-left, right, -top, bottom}) <= static_cast<float>(kFarthest);
+    return isNear ? Reach::Near : Reach::Far;
 }
 
 bool isCubic(const Figure& figure, std::size_t i) {
     return (figure.types[i] & kKind) == kCubic && i + 2 < figure.points.size();
 }
 
-void append(cairo_t* context, const Figure& figure) {
-    cairo_move_to(context, figure.points[0].X, figure.points[0].Y);
+Place placeOf(DrawingPoint point) {
+    return {point.X, point.Y};
+}
+
+void append(FigureSink& sink, const Figure& figure) {
+    sink.moveTo(placeOf(figure.points[0]));
     for (std::size_t i = 1; i < figure.points.size(); ++i) {
         const DrawingPoint* p = &figure.points[i];
         if (isCubic(figure, i)) {
-            cairo_curve_to(context, p[0].X, p[0].Y, p[1].X, p[1].Y, p[2].X, p[2].Y);
+            sink.curveTo(placeOf(p[0]), placeOf(p[1]), placeOf(p[2]));
             i += 2;
         } else {
-            cairo_line_to(context, p->X, p->Y);
+            sink.lineTo(placeOf(*p));
         }
     }
-    if (figure.closed()) cairo_close_path(context);
+    if (figure.closed()) sink.close();
 }
-
-struct Place {
-    double x = 0;
-    double y = 0;
-};
 
 /// A figure that goes far outside as a polyline. Its curves are shown in chords: they span a million pixels.
 std::vector<Place> polyline(const Figure& figure) {
     constexpr int kChords = 256;
     std::vector<Place> places;
-    places.push_back({figure.points[0].X, figure.points[0].Y});
+    places.push_back(placeOf(figure.points[0]));
     for (std::size_t i = 1; i < figure.points.size(); ++i) {
         const DrawingPoint* p = &figure.points[i];
         if (!isCubic(figure, i)) {
-            places.push_back({p->X, p->Y});
+            places.push_back(placeOf(*p));
             continue;
         }
         const Place from = places.back();
@@ -100,7 +99,7 @@ std::vector<Place> polyline(const Figure& figure) {
     return places;
 }
 
-/// One side of the square of Cairo's coordinates.
+/// One side of the square of the engine's coordinates.
 struct Side {
     double Place::*across;
     double Place::*along;
@@ -121,7 +120,7 @@ constexpr std::array<Side, 4> kSides = {{{&Place::x, &Place::y, -kFarthest},
                                          {&Place::y, &Place::x, kFarthest}}};
 
 /// Cuts one side after the other off the polygon.
-void appendFarArea(cairo_t* context, const Figure& figure) {
+void appendFarArea(FigureSink& sink, const Figure& figure) {
     std::vector<Place> polygon = polyline(figure);
     for (const Side& side : kSides) {
         std::vector<Place> kept;
@@ -134,12 +133,12 @@ void appendFarArea(cairo_t* context, const Figure& figure) {
         polygon = std::move(kept);
     }
     if (polygon.empty()) return;
-    cairo_new_sub_path(context);
-    for (const Place place : polygon) cairo_line_to(context, place.x, place.y);
-    cairo_close_path(context);
+    sink.moveTo(polygon.front());
+    for (std::size_t i = 1; i < polygon.size(); ++i) sink.lineTo(polygon[i]);
+    sink.close();
 }
 
-/// Leaves of a line what is within Cairo's coordinates; false where that is nothing.
+/// Leaves of a line what is within the engine's coordinates; false where that is nothing.
 bool cutLine(Place& from, Place& to) {
     for (const Side& side : kSides) {
         if (!side.keeps(from) && !side.keeps(to)) return false;
@@ -149,30 +148,30 @@ bool cutLine(Place& from, Place& to) {
     return true;
 }
 
-void appendFarLines(cairo_t* context, const Figure& figure) {
+void appendFarLines(FigureSink& sink, const Figure& figure) {
     std::vector<Place> places = polyline(figure);
     if (figure.closed()) places.push_back(places.front());
     for (std::size_t i = 1; i < places.size(); ++i) {
         Place from = places[i - 1], to = places[i];
         if (!cutLine(from, to)) continue;
-        cairo_move_to(context, from.x, from.y);
-        cairo_line_to(context, to.x, to.y);
+        sink.moveTo(from);
+        sink.lineTo(to);
     }
 }
 
 }  // namespace
 
-void appendAreas(cairo_t* context, const DrawingPath& path, const Sides& seen) {
+void appendAreas(FigureSink& sink, const DrawingPath& path, const Sides& seen) {
     for (std::size_t first = 0; first < path.points.size();) {
         const Figure figure = figureAt(path, first);
         const Reach reach = reachOf(figure, seen);
-        if (reach == Reach::Near) append(context, figure);
-        if (reach == Reach::Far) appendFarArea(context, figure);
+        if (reach == Reach::Near) append(sink, figure);
+        if (reach == Reach::Far) appendFarArea(sink, figure);
         first += figure.points.size();
     }
 }
 
-bool LineFeeder::appendSome(cairo_t* context) {
+bool LineFeeder::appendSome(FigureSink& sink) {
     std::size_t appended = 0;
     while (next_ < path_.points.size() && appended < kPointsAtOnce) {
         const Figure figure = figureAt(path_, next_);
@@ -181,9 +180,9 @@ bool LineFeeder::appendSome(cairo_t* context) {
         if (reach == Reach::Nowhere) continue;
         appended += figure.points.size();
         if (reach == Reach::Near)
-            append(context, figure);
+            append(sink, figure);
         else
-            appendFarLines(context, figure);
+            appendFarLines(sink, figure);
     }
     return appended > 0;
 }
