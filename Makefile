@@ -1,6 +1,6 @@
 # Front door. Every goal first installs what is missing (scripts/setup.sh), so a fresh machine needs git and make alone.
 
-.PHONY: run build test bench fuzz asan tidy format windows package setup clean gallery
+.PHONY: run build test bench fuzz asan tidy format windows test-windows package setup clean gallery
 
 run: build
 	scripts/run.sh
@@ -31,7 +31,12 @@ fuzz: setup
 windows:
 	scripts/setup.sh windows
 	cmake --preset windows-i686
-	cmake --build --preset windows-i686
+	cmake --build --preset windows-i686 --target Norvel_Ovaline ovaline
+	cmake --preset windows-x86_64
+	cmake --build --preset windows-x86_64 --target Norvel_Ovaline ovaline
+
+test-windows: build
+	scripts/test_windows.sh
 
 package: build
 	scripts/setup.sh package

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that the build, the tests and the benchmarks need, as root or by sudo. With "windows" also
-# the cross compiler, with "tidy" the static analyser, with "package" what packs. Does nothing where they are all there.
+# the cross compilers and what runs their programs, with "tidy" the static analyser, with "package" what packs. Does
+# nothing where they are all there.
 set -euo pipefail
 
 packages=(
@@ -8,11 +9,14 @@ packages=(
     libfreetype-dev libfontconfig-dev libcairo2-dev libcli11-dev nlohmann-json3-dev
     libgtest-dev libgmock-dev libbenchmark-dev
     fonts-liberation fonts-dejavu-core
-    python3 python3-fonttools python3-numpy python3-shapely
+    python3 python3-fonttools python3-numpy python3-pil python3-shapely
     librsvg2-bin
 )
 if [ "${1:-}" = windows ]; then
-    packages+=(g++-mingw-w64-i686-posix)
+    packages+=(
+        g++-mingw-w64-i686-posix g++-mingw-w64-x86-64-posix mingw-w64-tools googletest
+        wine64 fonts-wine patchelf
+    )
 fi
 if [ "${1:-}" = tidy ]; then
     packages+=(clang-tidy)

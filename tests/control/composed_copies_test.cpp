@@ -199,6 +199,7 @@ TEST_F(ComposedCopies, EachCopyReadsTheClockAndTheTextsFollowTheirRules) {
 
 // What has no room in memory is refused whole, and at once.
 TEST_F(ComposedCopies, TooManyPointsLeaveThePathsEmpty) {
+    if (sizeof(void*) == 4) GTEST_SKIP() << "a 32-bit process has no memory for as many points as are allowed";
     settings.ArrayXDimension = settings.ArrayYDimension = 255;
     settings.Flatness = 1;
     settings.Width = settings.Height = 2e6f;
@@ -208,11 +209,16 @@ TEST_F(ComposedCopies, TooManyPointsLeaveThePathsEmpty) {
     EXPECT_TRUE(refused.paths.TextPath.empty() && refused.paths.FramePath.empty() && refused.paths.FillPath.empty());
     EXPECT_EQ(refused.paths.TextPath.status(), OutOfMemory);
     EXPECT_EQ(refused.resultRight, 0);
+}
+
+TEST_F(ComposedCopies, AnyOffsetEnds) {
+    settings.Flatness = 1;
+    settings.Width = settings.Height = 2e6f;
     settings.SerialNumPrefix = u"";
     settings.ArrayXOffset = std::numeric_limits<float>::max();
     settings.ArrayYOffset = -3e38f;
     settings.ArrayXDimension = settings.ArrayYDimension = 20;
-    EXPECT_GT(build().paths.TextPath.size(), 400u) << "any offset ends";
+    EXPECT_GT(build().paths.TextPath.size(), 400u);
 }
 
 }  // namespace

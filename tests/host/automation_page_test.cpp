@@ -152,12 +152,13 @@ TEST_F(AutomationPageTest, WhatCannotBeDoneChangesNothingAndSaysWhy) {
 TEST_F(AutomationPageTest, PreviewIsDrawnInItsOwnSize) {
     const std::filesystem::path file = std::filesystem::temp_directory_path() / "ovaline-preview-test.png";
     answer(kOpenText);
-    EXPECT_EQ(answer(R"({"page": "text", "id": 1201, "draw": ")" + file.string() + "\"}"), R"({"hr": 0})");
+    EXPECT_EQ(answer(R"({"page": "text", "id": 1201, "draw": ")" + file.generic_string() + "\"}"), R"({"hr": 0})");
     std::ifstream png(file, std::ios::binary);
     std::string head(24, '\0');
     png.read(head.data(), static_cast<std::streamsize>(head.size()));
     EXPECT_EQ(head.substr(1, 3), "PNG");
     EXPECT_EQ(head.substr(16), std::string("\0\0\0\xEA\0\0\0\x9C", 8)) << "234 x 156";
+    png.close();
     std::filesystem::remove(file);
 }
 

@@ -162,7 +162,9 @@ TEST_F(AutomationTest, StreamIsAnsweredUpToItsEnd) {
               R"({"hr": 0, "size": 27, "data": ")" + data + R"(", "overrun": false})");
     EXPECT_EQ(member(R"({"call": "GetOutlineData"})", "size"), 16 << 20);
     EXPECT_EQ(member(R"({"call": "GetOutlineData"})", "data"), data);
-    EXPECT_EQ(member(R"({"call": "GetVectorData", "size": 4294967295})", "data"), data);
+    // As much as a host can ask for, or has addresses for.
+    const std::string most = sizeof(void*) == 4 ? "500000000" : "4294967295";
+    EXPECT_EQ(member(R"({"call": "GetVectorData", "size": )" + most + "}", "data"), data);
 }
 
 TEST_F(AutomationTest, BuffersTooSmall) {

@@ -227,6 +227,7 @@ TEST_F(ProgramTest, ErrorsTakeOneLineAndLeaveNoFile) {
         {"mark bad.json -o a.svg", "bad.json: Width takes a number"},
         {"mark none.json -o a.svg", "none.json: the file cannot be read"},
         {"mark -o none/a.svg", "none/a.svg cannot be written"},
+        {"mark -o /dev/null --format svg", "it is not a file"},
         {"run none.jsonl", "none.jsonl cannot be read"},
         {"date", "either a PATTERN or --list"},
         {"date %Y --list", "either a PATTERN or --list"},

@@ -1,0 +1,4 @@
+# Toolchain of the 64-bit Windows build.
+set(triple x86_64-w64-mingw32)
+set(CMAKE_SYSTEM_PROCESSOR x86_64)
+include(${CMAKE_CURRENT_LIST_DIR}/mingw.cmake)
