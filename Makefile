@@ -1,6 +1,6 @@
 # Front door. Every goal first installs what is missing (scripts/setup.sh), so a fresh machine needs git and make alone.
 
-.PHONY: run build test bench fuzz asan tidy format windows test-windows package setup clean gallery
+.PHONY: run build test bench fuzz asan tidy format windows test-windows screenshots-windows package setup clean gallery
 
 run: build
 	scripts/run.sh
@@ -38,9 +38,15 @@ windows:
 test-windows: build
 	scripts/test_windows.sh
 
-package: build
+screenshots-windows: windows
+	scripts/setup.sh screenshots
+	scripts/setup_wine32.sh
+	tests/windows/screenshots.sh
+
+package: build windows
 	scripts/setup.sh package
 	scripts/package.sh
+	scripts/package_windows.sh
 
 tidy: build
 	scripts/setup.sh tidy

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that the build, the tests and the benchmarks need, as root or by sudo. With "windows" also
-# the cross compilers and what runs their programs, with "tidy" the static analyser, with "package" what packs. Does
-# nothing where they are all there.
+# the cross compilers and what runs their programs, with "screenshots" what takes pictures of those, with "tidy" the
+# static analyser, with "package" what packs. Does nothing where they are all there.
 set -euo pipefail
 
 packages=(
@@ -18,12 +18,15 @@ if [ "${1:-}" = windows ]; then
         wine64 fonts-wine patchelf
     )
 fi
+if [ "${1:-}" = screenshots ]; then
+    packages+=(xvfb imagemagick fonts-wqy-microhei)
+fi
 if [ "${1:-}" = tidy ]; then
     packages+=(clang-tidy)
 fi
 
 if [ "${1:-}" = package ]; then
-    packages+=(dpkg-dev file)
+    packages+=(dpkg-dev file zip)
 fi
 
 missing=()

@@ -18,7 +18,7 @@
 namespace ovaline {
 namespace {
 
-constexpr int kActions = 10'000;
+constexpr int kActions = OVALINE_RANDOM_ACTIONS;
 constexpr int kRegenerationsOfTextPage = 6;  // the update flag, the record and the four settings of the font
 
 class RandomActionsTest : public SerialPageTest {
