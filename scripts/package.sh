@@ -3,6 +3,7 @@
 # program marks, and a C++ host that knows the package alone is built and runs.
 set -euo pipefail
 cd "$(dirname "$0")/.."
+. scripts/checks.sh
 packages=$PWD/out/packages
 rm -rf "$packages"
 mkdir -p "$packages"
@@ -14,19 +15,6 @@ trap 'rm -rf "$work"' EXIT
 tar -xzf "$packages"/*.tar.gz -C "$work" --one-top-level=tgz --strip-components=1
 dpkg-deb -x "$packages"/*.deb "$work/deb"
 
-passed=0
-failed=0
-check() {
-    local what=$1
-    shift
-    if "$@" >"$work/log" 2>&1; then
-        passed=$((passed + 1))
-    else
-        failed=$((failed + 1))
-        echo "package: $what failed"
-        cat "$work/log"
-    fi
-}
 marks() {
     OVALINE_REGISTRY=$work/registry.reg "$1/bin/ovaline" mark --text PACKAGE --set FontStyle=SingleStroke -o "$work/mark.svg" &&
         grep -q '<path' "$work/mark.svg" && rm "$work/mark.svg" "$work/registry.reg"
@@ -47,5 +35,4 @@ for root in "$work/tgz" "$work/deb/usr"; do
 done
 check "deb: its dependencies" depends
 ls -l "$packages" | awk 'NR > 1 {print $5, $9}'
-echo "$passed passed, $failed failed"
-[ "$failed" -eq 0 ]
+tellChecks

@@ -4,6 +4,7 @@
 # finds the control.
 set -euo pipefail
 cd "$(dirname "$0")/.."
+. scripts/checks.sh
 version=$(sed -n 's/^project(Ovaline VERSION \([0-9.]*\).*/\1/p' CMakeLists.txt)
 name=ovaline-$version-windows
 packages=$PWD/out/packages
@@ -33,19 +34,6 @@ fi
 (cd "$work" && python3 -m zipfile -e "$packages/$name.zip" .)
 root=$PWD
 cd "$work/$name"
-passed=0
-failed=0
-check() {
-    local what=$1
-    shift
-    if "$@" >"$work/log" 2>&1; then
-        passed=$((passed + 1))
-    else
-        failed=$((failed + 1))
-        echo "package: $what failed"
-        cat "$work/log"
-    fi
-}
 run() { "$root/scripts/wine.sh" 32 "$@"; }
 marks() { run ovaline.exe mark --text PACKAGE --set FontStyle=SingleStroke -o mark.svg && grep -q '<path' mark.svg; }
 registers() {
@@ -59,5 +47,4 @@ unregisters() {
 check "zip: the program" marks
 check "zip: registering" registers
 check "zip: unregistering" unregisters
-echo "$passed passed, $failed failed"
-[ "$failed" -eq 0 ]
+tellChecks
