@@ -10,14 +10,16 @@ namespace ovaline {
 HRESULT CNorvel_OvalineCtrl::Draw(DWORD aspect, LONG, void*, DVTARGETDEVICE*, HDC, HDC drawDc, LPCRECTL bounds,
                                   LPCRECTL, BOOL(STDMETHODCALLTYPE*)(ULONG_PTR), ULONG_PTR) {
     if (aspect != DVASPECT_CONTENT) return DV_E_DVASPECT;
+    RECTL units{};
     if (bounds) {
-        OnDraw(drawDc, *bounds);
-        return S_OK;
+        units = *bounds;
+    } else if (const RECT* place = inPlace_.windowlessPosition()) {
+        // A control that is active without a window is drawn in its place.
+        units = {place->left, place->top, place->right, place->bottom};
+    } else {
+        return E_INVALIDARG;
     }
-    // A control that is active without a window is drawn in its place.
-    const RECT* place = inPlace_.windowlessPosition();
-    if (!place) return E_INVALIDARG;
-    OnDraw(drawDc, {place->left, place->top, place->right, place->bottom});
+    OnDraw(drawDc, platform::devicePixels(drawDc, units));
     return S_OK;
 }
 

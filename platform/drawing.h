@@ -99,6 +99,9 @@ public:
 /// A canvas on a device context, for as long as both live. Null where `dc` is null or memory is exhausted.
 std::unique_ptr<Canvas> makeCanvas(HDC dc);
 
+/// The place of a rectangle that is given in the units of a device context, which may be others than its pixels.
+RECTL devicePixels(HDC dc, const RECTL& units);
+
 /// An off-screen bitmap of 24 bits a pixel, opaque white when it is new.
 class Bitmap {
 public:

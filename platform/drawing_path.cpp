@@ -3,8 +3,9 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <utility>
-#include <vector>
+#include <numeric>
+
+#include "platform/drawing_cut.h"
 
 namespace ovaline::platform {
 
@@ -12,12 +13,23 @@ namespace {
 
 constexpr std::uint8_t kKind = 0x07;
 constexpr std::uint8_t kStart = 0;
+constexpr std::uint8_t kLine = 1;
 constexpr std::uint8_t kCubic = 3;
 constexpr std::uint8_t kClosed = 0x80;
 
 /// Lines are stroked in pieces of about so many points: the memory that an engine takes for one grows with it, and
 /// lines of two pieces only blend where they meet in a pixel.
 constexpr std::size_t kPointsAtOnce = std::size_t{1} << 11;
+
+/// Figures that reach farther beyond what is seen are cut, in pixels. All others stay as they are: an engine's own
+/// curves and dashes are finer.
+constexpr double kNear = 2048;
+/// How far beyond what is seen they are cut, in pixels, so that no edge of the cut shows.
+constexpr double kCutAway = 16;
+
+constexpr double kWidest = 25'000;     // of lines, in pixels
+constexpr double kThinnest = 1;        // that an engine draws, in pixels
+constexpr double kShortestPeriod = 1;  // of dashes, in pixels
 
 struct Figure {
     std::span<const DrawingPoint> points;
@@ -49,8 +61,9 @@ Reach reachOf(const Figure& figure, const Sides& seen) {
     }
     if (!std::isfinite(sum) || (left == right && top == bottom)) return Reach::Nowhere;
     if (right < seen.left || left > seen.right || bottom < seen.top || top > seen.bottom) return Reach::Nowhere;
-    const bool isNear = std::max({-left, right, -top, bottom}) <= static_cast<float>(kFarthest);
-    return isNear ? Reach::Near : Reach::Far;
+    const Sides kept = seen.grownBy(kNear);
+    const bool within = left >= kept.left && right <= kept.right && top >= kept.top && bottom <= kept.bottom;
+    return within ? Reach::Near : Reach::Far;
 }
 
 bool isCubic(const Figure& figure, std::size_t i) {
@@ -75,114 +88,94 @@ void append(FigureSink& sink, const Figure& figure) {
     if (figure.closed()) sink.close();
 }
 
-/// A figure that goes far outside as a polyline. Its curves are shown in chords: they span a million pixels.
-std::vector<Place> polyline(const Figure& figure) {
-    constexpr int kChords = 256;
-    std::vector<Place> places;
-    places.push_back(placeOf(figure.points[0]));
-    for (std::size_t i = 1; i < figure.points.size(); ++i) {
-        const DrawingPoint* p = &figure.points[i];
-        if (!isCubic(figure, i)) {
-            places.push_back(placeOf(*p));
-            continue;
-        }
-        const Place from = places.back();
-        for (int k = 1; k <= kChords; ++k) {
-            const double t = static_cast<double>(k) / kChords, u = 1 - t;
-            const auto at = [&](double a, double b, double c, double d) {
-                return u * u * u * a + 3 * u * u * t * b + 3 * u * t * t * c + t * t * t * d;
-            };
-            places.push_back({at(from.x, p[0].X, p[1].X, p[2].X), at(from.y, p[0].Y, p[1].Y, p[2].Y)});
-        }
-        i += 2;
+/// Lengths of dashes and gaps in turn, in pen widths; none for a solid line.
+std::span<const double> patternOf(DashStyle style) {
+    static constexpr std::array<double, 2> kDash = {3, 1};
+    static constexpr std::array<double, 2> kDot = {1, 1};
+    static constexpr std::array<double, 4> kDashDot = {3, 1, 1, 1};
+    static constexpr std::array<double, 6> kDashDotDot = {3, 1, 1, 1, 1, 1};
+    switch (style) {
+        case DashStyle::Dash:
+            return kDash;
+        case DashStyle::Dot:
+            return kDot;
+        case DashStyle::DashDot:
+            return kDashDot;
+        case DashStyle::DashDotDot:
+            return kDashDotDot;
+        case DashStyle::Solid:
+            break;
     }
-    return places;
-}
-
-/// One side of the square of the engine's coordinates.
-struct Side {
-    double Place::*across;
-    double Place::*along;
-    double at;
-
-    bool keeps(Place p) const { return at < 0 ? p.*across >= at : p.*across <= at; }
-    /// Where the line from `a` to `b`, which are on different sides, meets this one.
-    Place meets(Place a, Place b) const {
-        Place p;
-        p.*across = at;
-        p.*along = a.*along + (b.*along - a.*along) * ((at - a.*across) / (b.*across - a.*across));
-        return p;
-    }
-};
-constexpr std::array<Side, 4> kSides = {{{&Place::x, &Place::y, -kFarthest},
-                                         {&Place::x, &Place::y, kFarthest},
-                                         {&Place::y, &Place::x, -kFarthest},
-                                         {&Place::y, &Place::x, kFarthest}}};
-
-/// Cuts one side after the other off the polygon.
-void appendFarArea(FigureSink& sink, const Figure& figure) {
-    std::vector<Place> polygon = polyline(figure);
-    for (const Side& side : kSides) {
-        std::vector<Place> kept;
-        for (std::size_t i = 0; i < polygon.size(); ++i) {
-            const Place from = polygon[i == 0 ? polygon.size() - 1 : i - 1];
-            const Place to = polygon[i];
-            if (side.keeps(from) != side.keeps(to)) kept.push_back(side.meets(from, to));
-            if (side.keeps(to)) kept.push_back(to);
-        }
-        polygon = std::move(kept);
-    }
-    if (polygon.empty()) return;
-    sink.moveTo(polygon.front());
-    for (std::size_t i = 1; i < polygon.size(); ++i) sink.lineTo(polygon[i]);
-    sink.close();
-}
-
-/// Leaves of a line what is within the engine's coordinates; false where that is nothing.
-bool cutLine(Place& from, Place& to) {
-    for (const Side& side : kSides) {
-        if (!side.keeps(from) && !side.keeps(to)) return false;
-        if (!side.keeps(from)) from = side.meets(from, to);
-        if (!side.keeps(to)) to = side.meets(from, to);
-    }
-    return true;
-}
-
-void appendFarLines(FigureSink& sink, const Figure& figure) {
-    std::vector<Place> places = polyline(figure);
-    if (figure.closed()) places.push_back(places.front());
-    for (std::size_t i = 1; i < places.size(); ++i) {
-        Place from = places[i - 1], to = places[i];
-        if (!cutLine(from, to)) continue;
-        sink.moveTo(from);
-        sink.lineTo(to);
-    }
+    return {};
 }
 
 }  // namespace
 
-void appendAreas(FigureSink& sink, const DrawingPath& path, const Sides& seen) {
+Outline<4> boxOutline(const DrawingBox& box) {
+    const float right = box.X + box.Width, bottom = box.Y + box.Height;
+    return {{{{box.X, box.Y}, {right, box.Y}, {right, bottom}, {box.X, bottom}}},
+            {kStart, kLine, kLine, kLine | kClosed}};
+}
+
+Outline<13> ellipseOutline(const DrawingBox& box) {
+    constexpr float kHandle = 0.55228475f;  // of a quarter of a circle, in radii
+    const auto at = [&](float across, float down) -> DrawingPoint {
+        return {box.X + (1 + across) / 2 * box.Width, box.Y + (1 + down) / 2 * box.Height};
+    };
+    return {{at(1, 0), at(1, kHandle), at(kHandle, 1), at(0, 1), at(-kHandle, 1), at(-1, kHandle), at(-1, 0),
+             at(-1, -kHandle), at(-kHandle, -1), at(0, -1), at(kHandle, -1), at(1, -kHandle), at(1, 0)},
+            {kStart, kCubic, kCubic, kCubic, kCubic, kCubic, kCubic, kCubic, kCubic, kCubic, kCubic, kCubic,
+             kCubic | kClosed}};
+}
+
+bool isNear(const DrawingBox& box, const Sides& visible) {
+    const Sides kept = visible.grownBy(kNear);
+    return box.X >= kept.left && box.Y >= kept.top && double{box.X} + double{box.Width} <= kept.right &&
+           double{box.Y} + double{box.Height} <= kept.bottom;
+}
+
+void appendAreas(FigureSink& sink, const DrawingPath& path, const Sides& visible) {
+    AreaCutter cutter(sink, visible.grownBy(kCutAway));
     for (std::size_t first = 0; first < path.points.size();) {
         const Figure figure = figureAt(path, first);
-        const Reach reach = reachOf(figure, seen);
+        const Reach reach = reachOf(figure, visible);
         if (reach == Reach::Near) append(sink, figure);
-        if (reach == Reach::Far) appendFarArea(sink, figure);
+        if (reach == Reach::Far) append(cutter, figure);
+        cutter.finish();
         first += figure.points.size();
     }
 }
 
+PenForm::PenForm(const Pen& pen) : width_(std::min<double>(pen.width, kWidest)) {
+    const std::span<const double> pattern = patternOf(pen.dash);
+    const double period = std::accumulate(pattern.begin(), pattern.end(), 0.0);
+    if (pattern.empty()) return;
+    if (period * width_ < kShortestPeriod) {
+        double drawn = 0;
+        for (std::size_t i = 0; i < pattern.size(); i += 2) drawn += pattern[i];
+        ink_ = drawn / period;
+        return;
+    }
+    count_ = pattern.size();
+    std::ranges::transform(pattern, lengths_.begin(), [this](double length) { return length * width_; });
+}
+
+LineFeeder::LineFeeder(const DrawingPath& path, const Sides& visible, const PenForm& pen)
+    : path_(path), reached_(visible.grownBy(std::max(pen.width(), kThinnest) / 2 * kMiterLimit)), pen_(pen) {}
+
 bool LineFeeder::appendSome(FigureSink& sink) {
+    const std::span<const double> lengths = pen_.lengths();
+    LineCutter cutter(sink, reached_.grownBy(kCutAway), std::accumulate(lengths.begin(), lengths.end(), 0.0));
     std::size_t appended = 0;
     while (next_ < path_.points.size() && appended < kPointsAtOnce) {
         const Figure figure = figureAt(path_, next_);
         next_ += figure.points.size();
-        const Reach reach = reachOf(figure, seen_);
+        const Reach reach = reachOf(figure, reached_);
         if (reach == Reach::Nowhere) continue;
         appended += figure.points.size();
-        if (reach == Reach::Near)
-            append(sink, figure);
-        else
-            appendFarLines(sink, figure);
+        if (reach == Reach::Near) append(sink, figure);
+        if (reach == Reach::Far) append(cutter, figure);
+        cutter.finish();
     }
     return appended > 0;
 }

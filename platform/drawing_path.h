@@ -1,7 +1,11 @@
-// Paths as a drawing engine takes them: whatever could overflow its coordinates is cut off far outside the picture.
+// Paths as a drawing engine takes them. An engine's time and memory grow with the size of what it is given, be it seen
+// or not, and its coordinates end somewhere: so figures that go far beyond the picture are cut to what is seen of them.
 #pragma once
 
+#include <array>
 #include <cstddef>
+#include <cstdint>
+#include <span>
 
 #include "platform/drawing.h"
 
@@ -17,12 +21,11 @@ struct Sides {
     Sides grownBy(double margin) const { return {left - margin, top - margin, right + margin, bottom + margin}; }
 };
 
-/// The engines' coordinates end at 2^23 or beyond; widths and joins of lines need some of that.
-constexpr double kFarthest = 1e6;
-
 struct Place {
     double x = 0;
     double y = 0;
+
+    bool operator==(const Place&) const = default;
 };
 
 /// Takes figures one after the other.
@@ -37,21 +40,61 @@ protected:
     ~FigureSink() = default;
 };
 
-/// Appends the figures that reach into `seen` as areas. An area that goes beyond `kFarthest` is cut there.
-void appendAreas(FigureSink& sink, const DrawingPath& path, const Sides& seen);
+/// A path of one closed figure that holds its own points.
+template <std::size_t count>
+struct Outline {
+    std::array<DrawingPoint, count> points;
+    std::array<std::uint8_t, count> types;
+
+    operator DrawingPath() const { return {points, types}; }
+};
+
+Outline<4> boxOutline(const DrawingBox& box);
+/// The ellipse inscribed in the box.
+Outline<13> ellipseOutline(const DrawingBox& box);
+
+/// Whether a shape that fills the box is small enough to be given to an engine as it is.
+bool isNear(const DrawingBox& box, const Sides& visible);
+
+/// Appends the figures that reach into what is visible as areas.
+void appendAreas(FigureSink& sink, const DrawingPath& path, const Sides& visible);
+
+/// Of corners, in pen widths: how far a line's ink reaches to both sides.
+constexpr double kMiterLimit = 10;
+
+/// A pen of positive width as lines are fed for it.
+class PenForm {
+public:
+    explicit PenForm(const Pen& pen);
+
+    /// Pixels; bounded, for a line through the picture that is still wider covers all of it.
+    double width() const { return width_; }
+    /// Of dashes and gaps in turn, in pixels; none for a solid line.
+    std::span<const double> lengths() const { return std::span(lengths_).first(count_); }
+    /// How much of the colour's opacity a line gets: dashes too short to be told apart become one that is solid and
+    /// fainter.
+    double ink() const { return ink_; }
+
+private:
+    double width_;
+    double ink_ = 1;
+    std::array<double, 6> lengths_{};
+    std::size_t count_ = 0;
+};
 
 /// The figures of a path as lines, in pieces of bounded size.
 class LineFeeder {
 public:
-    /// Figures that don't reach into `seen`, the picture grown by half the lines' width, are left out.
-    LineFeeder(const DrawingPath& path, const Sides& seen) : path_(path), seen_(seen) {}
+    /// Figures whose ink doesn't reach into what is visible are left out.
+    LineFeeder(const DrawingPath& path, const Sides& visible, const PenForm& pen);
 
     /// Appends figures until they have many points. False where there are none left.
     bool appendSome(FigureSink& sink);
 
 private:
     DrawingPath path_;
-    Sides seen_;
+    Sides reached_;
+    const PenForm& pen_;
     std::size_t next_ = 0;
 };
 

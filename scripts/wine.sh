@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Runs a Windows program in Wine: wine.sh BITS PROGRAM [ARGUMENT...], with BITS 32 or 64. "wine.sh BITS" alone only makes
-# things ready. Needs no screen. The 32-bit Wine is that of scripts/setup_wine32.sh, the 64-bit one the machine's.
+# things ready. Needs no screen; with a prefix made for it, windows show on the one that $OVALINE_WINE_SCREEN names. The
+# 32-bit Wine is that of scripts/setup_wine32.sh, the 64-bit one the machine's.
 #
 # $WINEPREFIX is the folder that programs see as their C: drive and registry, by default one in the build folder. It is
 # made at first use, with the machine's Liberation and DejaVu fonts and no others, so that results are the same
@@ -33,6 +34,7 @@ esac
 }
 export WINEDEBUG=${WINEDEBUG:--all} WINEDLLOVERRIDES=${WINEDLLOVERRIDES:-mscoree,mshtml=} LC_ALL=C.UTF-8
 unset WINEDLLPATH DISPLAY WAYLAND_DISPLAY
+[ -z "${OVALINE_WINE_SCREEN:-}" ] || export DISPLAY=$OVALINE_WINE_SCREEN
 
 mkdir -p "$WINEPREFIX"
 # Without this file Wine would also use the machine's fonts.
@@ -46,7 +48,8 @@ if [ ! -e "$WINEPREFIX/.ready" ]; then
         "$WINELOADER" wineboot -i >/dev/null 2>&1 9>&-
         "$WINESERVER" -w 9>&-
         # This driver draws in memory.
-        "$WINELOADER" reg add 'HKCU\Software\Wine\Drivers' /v Graphics /d null /f >/dev/null 2>&1 9>&-
+        [ -n "${DISPLAY:-}" ] ||
+            "$WINELOADER" reg add 'HKCU\Software\Wine\Drivers' /v Graphics /d null /f >/dev/null 2>&1 9>&-
         "$WINESERVER" -w 9>&-
         cp /usr/share/fonts/truetype/{liberation,dejavu}/*.ttf /usr/share/wine/fonts/*.ttf \
             "$WINEPREFIX/drive_c/windows/Fonts"

@@ -11,29 +11,6 @@ namespace ovaline::platform {
 
 namespace {
 
-constexpr double kMiterLimit = 10;
-
-/// Lengths of dashes and gaps in turn, in pen widths; none for a solid line.
-std::span<const double> patternOf(DashStyle style) {
-    static constexpr std::array<double, 2> kDash = {3, 1};
-    static constexpr std::array<double, 2> kDot = {1, 1};
-    static constexpr std::array<double, 4> kDashDot = {3, 1, 1, 1};
-    static constexpr std::array<double, 6> kDashDotDot = {3, 1, 1, 1, 1, 1};
-    switch (style) {
-        case DashStyle::Dash:
-            return kDash;
-        case DashStyle::Dot:
-            return kDot;
-        case DashStyle::DashDot:
-            return kDashDot;
-        case DashStyle::DashDotDot:
-            return kDashDotDot;
-        case DashStyle::Solid:
-            break;
-    }
-    return {};
-}
-
 class CairoSink final : public FigureSink {
 public:
     explicit CairoSink(cairo_t* context) : context_(context) {}
@@ -83,7 +60,7 @@ public:
 
     void setClip(const DrawingBox& box) override {
         resetClip();
-        append(box);
+        append(boxOutline(box));
         clip();
     }
 
@@ -96,7 +73,7 @@ public:
     void setClipOutside(const DrawingBox& box, const DrawingPath& path) override {
         setClip(box);
         // The box's own area takes part in the even-odd rule, which turns the path's area inside out within it.
-        append(box);
+        append(boxOutline(box));
         append(path);
         clipToArea();
     }
@@ -120,18 +97,18 @@ public:
     }
 
     void fill(const DrawingPath& path, Argb colour) override {
-        draw(colour, [&](cairo_t* c) {
+        draw(colour, 1, [&](cairo_t* c) {
             append(path);
             cairo_fill(c);
         });
     }
 
     void fillOutside(const DrawingBox& box, const DrawingPath& path, Argb colour) override {
-        draw(colour, [&](cairo_t* c) {
+        draw(colour, 1, [&](cairo_t* c) {
             cairo_save(c);
-            append(box);
+            append(boxOutline(box));
             cairo_clip(c);
-            append(box);
+            append(boxOutline(box));
             append(path);
             cairo_fill(c);
             cairo_restore(c);
@@ -139,8 +116,9 @@ public:
     }
 
     void fillEllipse(const DrawingBox& box, Argb colour) override {
-        if (!isDrawable(box)) return;
-        draw(colour, [&](cairo_t* c) {
+        if (!(box.Width > 0) || !(box.Height > 0)) return;
+        if (!isNear(box, visible_)) return fill(ellipseOutline(box), colour);
+        draw(colour, 1, [&](cairo_t* c) {
             cairo_save(c);
             cairo_translate(c, box.X + box.Width / 2.0, box.Y + box.Height / 2.0);
             cairo_scale(c, box.Width / 2.0, box.Height / 2.0);
@@ -152,36 +130,18 @@ public:
 
     void stroke(const DrawingPath& path, const Pen& pen) override {
         if (!(pen.width > 0)) return;
-        // A wider line through the picture covers all of it.
-        const double width = std::min<double>(pen.width, kFarthest / 4 / kMiterLimit);
-        cairo_set_line_width(context_.get(), width);
-        std::array<double, 6> lengths{};
-        const std::span<const double> pattern = patternOf(pen.dash);
-        std::ranges::transform(pattern, lengths.begin(), [&](double length) { return length * width; });
-        cairo_set_dash(context_.get(), lengths.data(), static_cast<int>(pattern.size()), 0);
-        draw(pen.colour, [&](cairo_t* c) {
-            LineFeeder lines(path, visible_.grownBy(width / 2 * kMiterLimit));
+        const PenForm form(pen);
+        cairo_set_line_width(context_.get(), form.width());
+        const std::span<const double> lengths = form.lengths();
+        cairo_set_dash(context_.get(), lengths.data(), static_cast<int>(lengths.size()), 0);
+        draw(pen.colour, form.ink(), [&](cairo_t* c) {
+            LineFeeder lines(path, visible_, form);
             CairoSink sink(c);
             while (lines.appendSome(sink)) cairo_stroke(c);
         });
     }
 
 private:
-    static bool isDrawable(const DrawingBox& box) {
-        const auto isNear = [](float v) { return std::abs(v) <= static_cast<float>(kFarthest); };
-        return box.Width > 0 && box.Height > 0 && isNear(box.X) && isNear(box.Y) && isNear(box.Width) &&
-               isNear(box.Height);
-    }
-
-    void append(const DrawingBox& box) {
-        const std::array<DrawingPoint, 4> corners = {{{box.X, box.Y},
-                                                      {box.X + box.Width, box.Y},
-                                                      {box.X + box.Width, box.Y + box.Height},
-                                                      {box.X, box.Y + box.Height}}};
-        static constexpr std::array<std::uint8_t, 4> kTypes = {0, 1, 1, 0x81};
-        append({corners, kTypes});
-    }
-
     void append(const DrawingPath& path) {
         CairoSink sink(context_.get());
         appendAreas(sink, path, visible_);
@@ -204,9 +164,9 @@ private:
         clipped_ = true;
     }
 
-    void setSource(Argb colour) {
+    void setSource(Argb colour, double opacity) {
         const auto part = [&](int shift) { return static_cast<double>(colour >> shift & 0xFF) / 255; };
-        cairo_set_source_rgba(context_.get(), part(16), part(8), part(0), part(24));
+        cairo_set_source_rgba(context_.get(), part(16), part(8), part(0), part(24) * opacity);
     }
 
     void paintThroughMask() {
@@ -217,10 +177,10 @@ private:
     }
 
     template <typename Shape>
-    void draw(Argb colour, Shape&& shape) {
+    void draw(Argb colour, double opacity, Shape&& shape) {
         cairo_t* const c = context_.get();
         if (clipMask_) cairo_push_group(c);
-        setSource(colour);
+        setSource(colour, opacity);
         shape(c);
         if (!clipMask_) return;
         cairo_pop_group_to_source(c);
@@ -245,6 +205,11 @@ std::unique_ptr<Canvas> makeCanvas(const Device& device) {
 
 std::unique_ptr<Canvas> makeCanvas(HDC dc) {
     return dc ? makeCanvas(Device::of(dc)) : nullptr;
+}
+
+// Device contexts have no other units here.
+RECTL devicePixels(HDC, const RECTL& units) {
+    return units;
 }
 
 }  // namespace ovaline::platform

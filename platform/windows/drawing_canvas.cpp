@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <limits>
 #include <new>
 #include <utility>
 #include <vector>
@@ -14,9 +13,8 @@ namespace ovaline::platform {
 
 namespace {
 
-constexpr float kMiterLimit = 10;
 constexpr float kThinnest = 1;  // of GDI+'s pens, in pixels
-constexpr auto kFar = static_cast<float>(kFarthest);
+constexpr float kFar = 1e5;     // pixels, of recordings to each side
 
 /// Collects figures as a path of GDI+.
 class PathCollector final : public FigureSink {
@@ -30,14 +28,7 @@ public:
 
     void add(const DrawingPath& path, const Sides& seen) { appendAreas(*this, path, seen); }
 
-    void add(const DrawingBox& box, const Sides& seen) {
-        const std::array<DrawingPoint, 4> corners = {{{box.X, box.Y},
-                                                      {box.X + box.Width, box.Y},
-                                                      {box.X + box.Width, box.Y + box.Height},
-                                                      {box.X, box.Y + box.Height}}};
-        static constexpr std::array<std::uint8_t, 4> kTypes = {0, 1, 1, 0x81};
-        add({corners, kTypes}, seen);
-    }
+    void add(const DrawingBox& box, const Sides& seen) { add(boxOutline(box), seen); }
 
     /// What was collected; even-odd.
     Gdiplus::GraphicsPath path() const {
@@ -62,26 +53,20 @@ Gdiplus::GraphicsPath areaOf(const Shape& shape, const Sides& seen) {
     return collector.path();
 }
 
-struct DashForm {
-    Gdiplus::DashStyle style;
-    float period;    ///< length of dashes and gaps, in pen widths
-    float coverage;  ///< share of the dashes in it
-};
-
-DashForm formOf(DashStyle style) {
+Gdiplus::DashStyle styleOf(DashStyle style) {
     switch (style) {
         case DashStyle::Dash:
-            return {Gdiplus::DashStyleDash, 4, 3.0f / 4};
+            return Gdiplus::DashStyleDash;
         case DashStyle::Dot:
-            return {Gdiplus::DashStyleDot, 2, 1.0f / 2};
+            return Gdiplus::DashStyleDot;
         case DashStyle::DashDot:
-            return {Gdiplus::DashStyleDashDot, 6, 4.0f / 6};
+            return Gdiplus::DashStyleDashDot;
         case DashStyle::DashDotDot:
-            return {Gdiplus::DashStyleDashDotDot, 8, 5.0f / 8};
+            return Gdiplus::DashStyleDashDotDot;
         case DashStyle::Solid:
             break;
     }
-    return {Gdiplus::DashStyleSolid, std::numeric_limits<float>::infinity(), 1};
+    return Gdiplus::DashStyleSolid;
 }
 
 Argb faded(Argb colour, float share) {
@@ -90,31 +75,23 @@ Argb faded(Argb colour, float share) {
     return alpha << kAlpha | (colour & 0xFFFFFF);
 }
 
-/// How GDI+ draws a pen's line. Where it has no pen as thin, a wider one is as much fainter; dashes too short to be
-/// told apart become a line that is fainter too.
+/// How GDI+ draws a pen's line. Where it has no pen as thin, a wider one is as much fainter.
 class PenLook {
 public:
-    explicit PenLook(const Pen& pen) : form_(formOf(pen.dash)) {
-        // A wider line through the picture covers all of it.
-        const float width = std::min(pen.width, kFar / 4 / kMiterLimit);
-        width_ = std::max(width, kThinnest);
-        thinness_ = width / width_;
-        float ink = thinness_;
-        if (form_.period * width < kThinnest) {
-            ink *= form_.coverage;
-            form_ = formOf(DashStyle::Solid);
-        }
-        colour_ = faded(pen.colour, ink);
-    }
+    PenLook(const Pen& pen, const PenForm& form)
+        : style_(form.lengths().empty() ? Gdiplus::DashStyleSolid : styleOf(pen.dash)),
+          width_(std::max(static_cast<float>(form.width()), kThinnest)),
+          thinness_(static_cast<float>(form.width()) / width_),
+          colour_(faded(pen.colour, thinness_ * static_cast<float>(form.ink()))) {}
 
     Argb colour() const { return colour_; }
     float width() const { return width_; }
 
     void apply(Gdiplus::Pen& pen) const {
         pen.SetLineJoin(Gdiplus::LineJoinMiter);
-        pen.SetMiterLimit(kMiterLimit);
-        pen.SetDashStyle(form_.style);
-        if (form_.style == Gdiplus::DashStyleSolid || thinness_ == 1) return;
+        pen.SetMiterLimit(static_cast<float>(kMiterLimit));
+        pen.SetDashStyle(style_);
+        if (style_ == Gdiplus::DashStyleSolid || thinness_ == 1) return;
         std::vector<float> lengths(static_cast<std::size_t>(pen.GetDashPatternCount()));
         pen.GetDashPattern(lengths.data(), static_cast<INT>(lengths.size()));
         for (float& length : lengths) length *= thinness_;
@@ -122,13 +99,13 @@ public:
     }
 
 private:
-    DashForm form_;
-    float width_ = 0;
-    float thinness_ = 1;  ///< share of the pen's own width in that
-    Argb colour_ = 0;
+    Gdiplus::DashStyle style_;
+    float width_;
+    float thinness_;  ///< share of the pen's own width in that
+    Argb colour_;
 };
 
-/// What can be seen of a device context.
+/// What can be seen of a device context, in its units.
 DrawingBox visibleOf(HDC dc) {
     // What is recorded can be shown on anything.
     const DWORD kind = GetObjectType(dc);
@@ -139,7 +116,25 @@ DrawingBox visibleOf(HDC dc) {
             static_cast<float>(clip.bottom - clip.top)};
 }
 
+/// Recordings of the old kind have no pixels: their units are whatever they are played in.
+bool hasPixels(HDC dc) {
+    return GetObjectType(dc) != OBJ_METADC;
+}
+
 }  // namespace
+
+PixelUnits::PixelUnits(HDC dc) : dc_(dc), saved_(hasPixels(dc) && SaveDC(dc) != 0) {
+    if (!saved_) return;
+    if (GetGraphicsMode(dc) == GM_ADVANCED) ModifyWorldTransform(dc, nullptr, MWT_IDENTITY);
+    SetMapMode(dc, MM_TEXT);
+    SetWindowOrgEx(dc, 0, 0, nullptr);
+    SetViewportOrgEx(dc, 0, 0, nullptr);
+}
+
+PixelUnits::~PixelUnits() {
+    constexpr int kLastSaved = -1;
+    if (saved_) RestoreDC(dc_, kLastSaved);
+}
 
 template <typename... Arguments>
 std::unique_ptr<GdiplusCanvas> GdiplusCanvas::make(Arguments... arguments) {
@@ -163,7 +158,10 @@ GdiplusCanvas::GdiplusCanvas(const PixelBlock& block, Gdiplus::PixelFormat forma
       visible_{0, 0, static_cast<float>(block.width), static_cast<float>(block.height)} {}
 
 GdiplusCanvas::GdiplusCanvas(HDC dc)
-    : graphics_(dc), pixelsPerInch_(static_cast<float>(GetDeviceCaps(dc, LOGPIXELSY))), visible_(visibleOf(dc)) {}
+    : units_(dc),
+      graphics_(dc),
+      pixelsPerInch_(static_cast<float>(GetDeviceCaps(dc, LOGPIXELSY))),
+      visible_(visibleOf(dc)) {}
 
 bool GdiplusCanvas::prepare() {
     if (graphics_.GetLastStatus() != Gdiplus::Ok) return false;
@@ -224,20 +222,19 @@ void GdiplusCanvas::fillOutside(const DrawingBox& box, const DrawingPath& path, 
 }
 
 void GdiplusCanvas::fillEllipse(const DrawingBox& box, Argb colour) {
-    const auto isNear = [](float v) { return std::abs(v) <= kFar; };
-    const bool drawable =
-        box.Width > 0 && box.Height > 0 && isNear(box.X) && isNear(box.Y) && isNear(box.Width) && isNear(box.Height);
-    if (!drawable) return;
+    if (!(box.Width > 0) || !(box.Height > 0)) return;
+    if (!isNear(box, sides_)) return fill(ellipseOutline(box), colour);
     const Gdiplus::SolidBrush brush{Gdiplus::Color(colour)};
     graphics_.FillEllipse(&brush, box.X, box.Y, box.Width, box.Height);
 }
 
 void GdiplusCanvas::stroke(const DrawingPath& path, const Pen& pen) {
     if (!(pen.width > 0)) return;
-    const PenLook look(pen);
+    const PenForm form(pen);
+    const PenLook look(pen, form);
     Gdiplus::Pen made(Gdiplus::Color(look.colour()), look.width());
     look.apply(made);
-    LineFeeder lines(path, sides_.grownBy(double{look.width()} / 2 * double{kMiterLimit}));
+    LineFeeder lines(path, sides_, form);
     for (PathCollector some; lines.appendSome(some); some = {}) {
         const Gdiplus::GraphicsPath figures = some.path();
         graphics_.DrawPath(&made, &figures);
@@ -248,6 +245,12 @@ std::unique_ptr<Canvas> makeCanvas(HDC dc) {
     if (!dc || !startGdiplus()) return nullptr;
     if (std::unique_ptr<Canvas> canvas = makePictureCanvas(dc)) return canvas;
     return GdiplusCanvas::onDevice(dc);
+}
+
+RECTL devicePixels(HDC dc, const RECTL& units) {
+    std::array<POINT, 2> corners = {{{units.left, units.top}, {units.right, units.bottom}}};
+    if (hasPixels(dc)) LPtoDP(dc, corners.data(), static_cast<int>(corners.size()));
+    return {corners[0].x, corners[0].y, corners[1].x, corners[1].y};
 }
 
 }  // namespace ovaline::platform

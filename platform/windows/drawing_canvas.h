@@ -10,6 +10,19 @@
 
 namespace ovaline::platform {
 
+/// Gives a device context pixels for units, for as long as it lives. GDI+ would scale by the context's own.
+class PixelUnits {
+public:
+    explicit PixelUnits(HDC dc);
+    ~PixelUnits();
+    PixelUnits(const PixelUnits&) = delete;
+    PixelUnits& operator=(const PixelUnits&) = delete;
+
+private:
+    HDC dc_;
+    bool saved_;
+};
+
 /// Clips are not smoothed: GDI+'s go along pixels.
 class GdiplusCanvas final : public Canvas {
 public:
@@ -44,6 +57,7 @@ private:
 
     // GDI+'s objects are members: on the free store, its own allocator would hand out null unchecked.
     std::optional<Gdiplus::Bitmap> image_;  ///< what is drawn on, unless that is a device context
+    std::optional<PixelUnits> units_;       ///< of the device context
     Gdiplus::Graphics graphics_;
     float pixelsPerInch_;
     DrawingBox visible_;

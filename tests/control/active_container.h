@@ -27,6 +27,8 @@ public:
     std::map<std::string, std::function<void()>> reactions;  ///< to an event, by its first word
     std::map<std::string, HRESULT> answers;                  ///< other than S_OK, by the event's first word
     HWND parent = reinterpret_cast<HWND>(this);              ///< some window, for the windows in memory
+    RECT place{1, 2, 31, 42};                                ///< of the control, in the window
+    RECT seen{0, 0, 20, 20};                                 ///< nothing is shown outside of it
     ULONG references = 1;
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID riid, void** object) override {
@@ -67,8 +69,8 @@ public:
         if (const HRESULT hr = answer("context"); hr != S_OK) return hr;
         *frame = &frame_;
         AddRef();
-        *position = {1, 2, 31, 42};
-        *clip = {0, 0, 20, 20};
+        *position = place;
+        *clip = seen;
         return S_OK;
     }
     HRESULT STDMETHODCALLTYPE Scroll(SIZE) override { return E_NOTIMPL; }

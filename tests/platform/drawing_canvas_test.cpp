@@ -6,7 +6,7 @@
 #include <limits>
 #include <string>
 
-#include "platform/drawing.h"
+#include "platform/drawing_path.h"
 #include "tests/platform/drawing_engine.h"
 
 namespace ovaline::platform {
@@ -172,12 +172,14 @@ TEST_F(DrawingCanvasTest, DashesCountInPenWidths) {
         {DashStyle::DashDotDot, "######..##..##..######..##..##..######.."},
     };
     for (const DashCase& c : cases) {
-        bitmap = makeBitmap(40, 4);
-        bitmap->canvas().stroke(Area().line({0, 2}, {40, 2}), {kOpaqueBlack, 2, c.style});
-        EXPECT_EQ(row(0), std::string(40, '.'));
-        EXPECT_EQ(row(1), c.row);
-        EXPECT_EQ(row(2), c.row);
-        EXPECT_EQ(row(3), std::string(40, '.'));
+        for (const float start : {0.0f, -4800.0f, -1.2e9f}) {  // whole periods of each style away
+            bitmap = makeBitmap(40, 4);
+            bitmap->canvas().stroke(Area().line({start, 2}, {40, 2}), {kOpaqueBlack, 2, c.style});
+            EXPECT_EQ(row(0), std::string(40, '.'));
+            EXPECT_EQ(row(1), c.row) << start;
+            EXPECT_EQ(row(2), c.row) << start;
+            EXPECT_EQ(row(3), std::string(40, '.'));
+        }
     }
 }
 
@@ -243,6 +245,51 @@ TEST_F(DrawingCanvasTest, LinesReachAnyDistance) {
         EXPECT_NEAR(black(1), 3, aside) << away;
         bitmap->canvas().stroke(Area().line({0, 0}, {12, 6}), {kRed, away, DashStyle::Dash});
         EXPECT_EQ(row(0).find('.'), std::string::npos) << away;
+        // A corner is whole, the one where the figure starts and ends too.
+        for (const Area& frame : {Area().square(2, 2, away, away), Area().square(-away, -away, 10, 4)}) {
+            bitmap = makeBitmap(12, 6);
+            bitmap->canvas().stroke(frame, {kOpaqueBlack, 2, DashStyle::Solid});
+            const bool isFirst = frame.points[0].X == 2;
+            EXPECT_EQ(row(isFirst ? 1 : 4), isFirst ? ".###########" : "###########.") << away;
+        }
+        // So is one within a dash, which is 12 long.
+        bitmap = makeBitmap(12, 6);
+        bitmap->canvas().stroke(Area().figure({{2, 2}, {10, 2}, {10, away}, {2, away}}),
+                                {kOpaqueBlack, 4, DashStyle::Dash});
+        EXPECT_EQ(row(1).substr(2), "##########") << away;
+        // And one between the last dash, of which there is a third, and the first.
+        bitmap = makeBitmap(12, 6);
+        bitmap->canvas().stroke(Area().figure({{4, 3}, {4, away}, {-away, away}, {-away, 3}}),
+                                {kOpaqueBlack, 2, DashStyle::Dash});
+        EXPECT_TRUE(away > 1e9f || row(2) == "..###.......") << row(2) << away;
+    }
+}
+
+TEST_F(DrawingCanvasTest, FarEllipsesAreSeenAsTheLinesThatTheyAreHere) {
+    for (const float away : {1e4f, 1e9f, 1e30f}) {
+        const Area all = Area().square(0, 0, 12, 6);
+        const DrawingBox box = {6, -away, 2 * away, 2 * away};
+        const auto expectHalf = [&](const std::string& half) {
+            for (const int y : {0, 5}) EXPECT_EQ(row(y), half) << away;
+            bitmap->canvas().resetClip();
+            bitmap->canvas().fill(all, kOpaqueWhite);
+        };
+        bitmap = makeBitmap(12, 6);
+        Canvas& fresh = bitmap->canvas();
+        fresh.fillEllipse(box, kOpaqueBlack);
+        expectHalf("......######");
+        fresh.fillOutside({-away, -away, 3 * away, 3 * away}, ellipseOutline(box), kOpaqueBlack);
+        expectHalf("######......");
+        fresh.setClip(ellipseOutline(box));
+        fresh.fill(all, kOpaqueBlack);
+        expectHalf("......######");
+        fresh.setClipOutside({-away, -away, 3 * away, 3 * away}, ellipseOutline(box));
+        fresh.fill(all, kOpaqueBlack);
+        expectHalf("######......");
+        // So many dots that only those in sight can be counted.
+        bitmap = makeBitmap(200, 20);
+        bitmap->canvas().stroke(ellipseOutline({-away, 5, 2 * away, 10}), {kOpaqueBlack, 2, DashStyle::Dot});
+        for (const int y : {4, 5, 14, 15}) EXPECT_NEAR(black(y), 100, 2) << away;
     }
 }
 
