@@ -3,10 +3,11 @@
 #include <algorithm>
 #include <cstddef>
 #include <initializer_list>
-#include <limits>
 #include <utility>
 
 #include "pages/serial_dialog.h"
+#include "pages/text_numbers.h"
+#include "platform/numbers.h"
 #include "text/marking_text.h"
 #include "text/numerical_serial.h"
 
@@ -23,10 +24,9 @@ constexpr std::int32_t kNoPosition = -1;
 /// the unit of the boxes' own limits, and may leave half of a surrogate pair.
 constexpr std::size_t kMostCustomPattern = 49;
 
-/// A number's whole part, the nearest 32-bit one where it is larger; 0 where the text does not begin with a number.
+/// The whole part of the number that the text begins with, the nearest 32-bit one where it is larger.
 std::int32_t wholeNumber(std::u16string_view text) {
-    using Limits = std::numeric_limits<std::int32_t>;
-    return static_cast<std::int32_t>(std::clamp<std::int64_t>(readSerialValue(text), Limits::min(), Limits::max()));
+    return truncateToInt32(leadingNumber(text));
 }
 
 /// Lets the control only store what is put, and regenerate once at the end, also where memory runs out in between.

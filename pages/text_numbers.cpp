@@ -98,6 +98,8 @@ float nearestSingle(double number) {
 std::u16string fixedText(double number, int decimals) {
     Digits digits;
     const auto format = std::chars_format::fixed;
+    // The sign of what is no number says nothing.
+    if (std::isnan(number)) number = std::numeric_limits<double>::quiet_NaN();
     return widened(digits, std::to_chars(digits.data(), digits.data() + digits.size(), number, format, decimals).ptr);
 }
 

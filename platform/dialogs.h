@@ -27,7 +27,7 @@ public:
     virtual void clicked(int id) = 0;
     /// A person double-clicked the item of a list box, which is selected.
     virtual void doubleClicked(int id) = 0;
-    /// A person clicked a spin button: 1 for a click up, -1 for one down.
+    /// A person clicked a spin button: 1 for a click up, -1 for one down. A button that is held down may count faster.
     virtual void spun(int id, int delta) = 0;
     /// A picture is to be painted whole into `area` of `dc`, in its pixels.
     virtual void paint(int id, HDC dc, const RECT& area) = 0;

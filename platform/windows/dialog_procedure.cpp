@@ -137,9 +137,8 @@ void DialogProcedure::spin(const NMHDR& header) {
     int least = 0;
     int most = 0;
     SendMessageW(header.hwndFrom, UDM_GETRANGE32, reinterpret_cast<WPARAM>(&least), reinterpret_cast<LPARAM>(&most));
-    // A button that is held down for long counts faster, one at a time here.
     const int delta = reinterpret_cast<const NMUPDOWN&>(header).iDelta;
-    report(&DialogEvents::spun, static_cast<int>(header.idFrom), (delta > 0) == (least <= most) ? 1 : -1);
+    report(&DialogEvents::spun, static_cast<int>(header.idFrom), least <= most ? delta : -delta);
 }
 
 }  // namespace ovaline::platform

@@ -1,5 +1,6 @@
 #include "platform/resources.h"
 
+#include <limits>
 #include <span>
 
 #include "platform/windows/module_handle.h"
@@ -25,8 +26,11 @@ std::optional<std::u16string> stringOfBlock(std::span<const wchar_t> block, std:
 }
 
 std::optional<std::u16string> stringIn(std::uint32_t id, WORD language) {
+    // Blocks have numbers of 16 bits.
+    const std::uint32_t number = id / kBlockSize + 1;
+    if (number > std::numeric_limits<WORD>::max()) return std::nullopt;
     const HINSTANCE module = moduleHandle();
-    const auto* name = MAKEINTRESOURCEW(id / kBlockSize + 1);
+    const auto* name = MAKEINTRESOURCEW(number);
     const HRSRC found = FindResourceExW(module, RT_STRING, name, language);
     const HGLOBAL loaded = found ? LoadResource(module, found) : nullptr;
     const auto* block = loaded ? static_cast<const wchar_t*>(LockResource(loaded)) : nullptr;

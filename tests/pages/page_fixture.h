@@ -2,6 +2,7 @@
 #pragma once
 
 #include <algorithm>
+#include <cstddef>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -65,7 +66,7 @@ protected:
     int selected(int id) const { return state(id).selected.value(); }
     bool isChecked(int id) const { return state(id).checked.value(); }
     bool isDirty() const { return page->IsPageDirty() == S_OK; }
-    long regenerations() const {
+    std::ptrdiff_t regenerations() const {
         return std::ranges::count_if(container.events, [](const auto& event) { return event.starts_with("posRect"); });
     }
 

@@ -114,6 +114,7 @@ TEST_F(SerialPageTest, TheOffsetIsCutTowardZero) {
         {u"abc", u"17.11.2026"},
 
         {u".9", u"17.11.2026"},
+        {u"2.95e1", u"16.12.2026"},
         {u" +3x", u"20.11.2026"},
         {u"- 5", u"17.11.2026"},
         {u"99999999999", u"Invalid DateTime"},

@@ -61,6 +61,7 @@ TEST(TextNumbers, WrittenAsPrintfDoes) {
             EXPECT_EQ(fixedText(number, decimals), printed("%.*f", decimals, number)) << number;
         EXPECT_EQ(generalText(number), printed("%g", number)) << number;
     }
+    EXPECT_EQ(fixedText(-std::numeric_limits<double>::quiet_NaN(), 3), u"nan");
 }
 
 }  // namespace

@@ -42,7 +42,8 @@ TEST(Resources, EveryStringIsThereInEveryLanguage) {
         const bool isPattern = string.id >= 20000 && string.id <= 20015;
         EXPECT_TRUE(!isPattern || std::ranges::count(string.texts, string.texts[0]) == std::ssize(kLanguages));
     }
-    for (const std::uint32_t none : {0u, 102u, 10131u, 20017u, 0xFFFFFFFFu}) EXPECT_FALSE(loadString(none, 1033));
+    for (const std::uint32_t none : {0u, 102u, 10131u, 20017u, 20000u + (1u << 20), 0xFFFFFFFFu})
+        EXPECT_FALSE(loadString(none, 1033));
     EXPECT_FALSE(loadString(104, 1036));
 }
 
