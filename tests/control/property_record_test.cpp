@@ -113,6 +113,7 @@ TEST_F(PropertyRecordTest, EachFieldIsItsOwnSetting) {
         set(before);
         EXPECT_EQ(record(), before) << "offset " << field.offset;
     }
+    // Those whose start-up values are told apart from their neighbours' by nothing.
     Record named = record();
     put(named, 0x00, 3);
     put(named, 0x2C, 2);
@@ -123,16 +124,41 @@ TEST_F(PropertyRecordTest, EachFieldIsItsOwnSetting) {
     put(named, 0xF0, 1);
     put(named, 0x108, 2.5f);
     put(named, 0x10C, -1);
+    put(named, 0x5C, 0.0f);  // nothing is limited
     set(named);
-    EXPECT_EQ(settings().PathType, Ascender);
-    EXPECT_EQ(settings().ShowAxes, NoAxesFull);
-    EXPECT_EQ(settings().CharSpace, 120);
-    EXPECT_EQ(settings().SpareFlag, -1);
-    EXPECT_EQ(settings().CharWidth, 77);
-    EXPECT_EQ(settings().SpareColor, 0x123456);
-    EXPECT_EQ(settings().TextDirection, CounterClockwise);
-    EXPECT_EQ(settings().SpareScaleY, 2.5f);
-    EXPECT_EQ(settings().Invert, -1);
+    const TextSettings& s = settings();
+    EXPECT_EQ((std::array{s.PathType, s.ShowAxes, s.SpareFlag, s.SpareColor, s.TextDirection, s.Invert}),
+              (std::array<std::int32_t, 6>{Ascender, NoAxesFull, -1, 0x123456, CounterClockwise, -1}));
+    EXPECT_EQ((std::array{s.CharSpace, s.CharWidth, s.SpareScaleY, s.Flatness}),
+              (std::array{120.0f, 77.0f, 2.5f, 0.0f}));
+}
+
+TEST_F(PropertyRecordTest, RebuildsOnlyWhilePutsDo) {
+    control->SetDefaultSize(0);
+    const GraphicsPath text = paths().TextPath;
+    Record mirrored = record();
+    put(mirrored, 0x24, -1);
+    RecordingContainer container;
+    control->SetAdvise(DVASPECT_CONTENT, 0, &container);
+    for (const LONG updates : {0, 1}) {
+        control->SetUpdateFlag(updates);
+        container.events.clear();
+        set(mirrored);
+        EXPECT_EQ(settings().MirrorHorizontal, -1);
+        EXPECT_EQ(std::ranges::equal(paths().TextPath.points(), text.points()), !updates);
+        EXPECT_EQ(container.events.size(), updates ? 1u : 0u);
+    }
+    control->SetAdvise(0, 0, nullptr);
+}
+
+TEST_F(PropertyRecordTest, AddressesOfTheHost) {
+    EXPECT_EQ(control->GetProperty(carrier(nullptr)), E_POINTER);
+    EXPECT_EQ(control->SetProperty(carrier(nullptr)), E_POINTER);
+    std::array<std::byte, kPropertyRecordSize + 32> bytes;
+    bytes.fill(std::byte{0x5A});
+    EXPECT_EQ(control->GetProperty(carrier(&bytes[3])), S_OK) << "at any alignment";
+    for (const std::size_t outside : {std::size_t{2}, kPropertyRecordSize + 3, kPropertyRecordSize + 31})
+        EXPECT_EQ(bytes[outside], std::byte{0x5A});
 }
 
 TEST_F(PropertyRecordTest, LengthsAreInTheUnitOfTheMoment) {
@@ -146,48 +172,12 @@ TEST_F(PropertyRecordTest, LengthsAreInTheUnitOfTheMoment) {
     const Record inches = record();
     EXPECT_EQ(at<float>(inches, 0x50), 1.0f);
     EXPECT_EQ(at<float>(inches, 0x4C), 0.486f);
+    set(inches);
+    EXPECT_EQ(settings().Width, 25400);
     control->SetMeasurement(0);
     set(inches);
     EXPECT_EQ(settings().Width, 1000);
     EXPECT_EQ(settings().Height, 0);
-}
-
-TEST_F(PropertyRecordTest, NothingIsLimitedOrComputedAnew) {
-    const float dotsPerPixel = settings().DotsPerPixel;
-    Record changed = record();
-    put(changed, 0x5C, 0.0f);
-    put(changed, 0x68, 1.0f);
-    put(changed, 0x74, 9.0f);
-    set(changed);
-    EXPECT_EQ(settings().Flatness, 0);
-    EXPECT_EQ(settings().ResolutionInDPI, 1);
-    EXPECT_EQ(settings().UnitFactor, 9);
-    EXPECT_EQ(settings().DotsPerPixel, dotsPerPixel);
-}
-
-TEST_F(PropertyRecordTest, RebuildsOnlyWhilePutsDo) {
-    control->SetDefaultSize(0);
-    const GraphicsPath text = paths().TextPath;
-    ASSERT_FALSE(text.empty());
-    Record mirrored = record();
-    put(mirrored, 0x24, -1);
-    control->SetUpdateFlag(0);
-    RecordingContainer container;
-    control->SetAdvise(DVASPECT_CONTENT, 0, &container);
-    set(mirrored);
-    EXPECT_EQ(settings().MirrorHorizontal, -1);
-    EXPECT_TRUE(std::ranges::equal(paths().TextPath.points(), text.points()));
-    EXPECT_TRUE(container.events.empty());
-    control->SetUpdateFlag(1);
-    put(mirrored, 0x24, 0);
-    set(mirrored);
-    EXPECT_TRUE(std::ranges::equal(paths().TextPath.points(), text.points()));
-    container.events.clear();
-    put(mirrored, 0x24, -1);
-    set(mirrored);
-    EXPECT_FALSE(std::ranges::equal(paths().TextPath.points(), text.points()));
-    EXPECT_EQ(container.events, std::vector<std::string>{"viewChange 1 -1"});
-    control->SetAdvise(0, 0, nullptr);
 }
 
 TEST_F(PropertyRecordTest, AnyRecordCanBeRebuiltFrom) {
@@ -219,19 +209,6 @@ TEST_F(PropertyRecordTest, AnyRecordCanBeRebuiltFrom) {
     }
     set(sane);
     EXPECT_EQ(record(), sane);
-}
-
-TEST_F(PropertyRecordTest, WithoutAnAddress) {
-    EXPECT_EQ(control->GetProperty(carrier(nullptr)), E_POINTER);
-    EXPECT_EQ(control->SetProperty(carrier(nullptr)), E_POINTER);
-}
-
-TEST_F(PropertyRecordTest, NothingIsWrittenBehindTheRecord) {
-    std::array<std::byte, kPropertyRecordSize + 32> bytes;
-    bytes.fill(std::byte{0x5A});
-    EXPECT_EQ(control->GetProperty(carrier(&bytes[3])), S_OK) << "at any alignment";
-    for (const std::size_t outside : {std::size_t{2}, kPropertyRecordSize + 3, kPropertyRecordSize + 31})
-        EXPECT_EQ(bytes[outside], std::byte{0x5A});
 }
 
 }  // namespace

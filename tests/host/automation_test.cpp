@@ -1,6 +1,7 @@
 // The automation protocol over a fake control.
 #include <gtest/gtest.h>
 
+#include <array>
 #include <nlohmann/json.hpp>
 
 #include "fake_control.h"
@@ -24,6 +25,12 @@ protected:
     Automation automation_{fakeModule};
 };
 
+std::string inBase64(std::span<const std::byte> bytes) {
+    std::string text;
+    appendBase64(text, bytes);
+    return text;
+}
+
 const std::string kEvents = R"("events": [{"posRect": [1, 2, 3, 4]}, {"viewChange": true}])";
 
 TEST_F(AutomationTest, PutsAndGetsInTheProtocolsForm) {
@@ -37,45 +44,32 @@ TEST_F(AutomationTest, PutsAndGetsInTheProtocolsForm) {
     fake().resultWidth = 20000;
     fake().resultHeight = -5;
     EXPECT_EQ(answer(R"({"call": "GetResultSize"})"), R"({"hr": 0, "values": [0, 0, 20000, -5]})");
+    std::vector<std::byte> record(272);
+    for (std::size_t i = 0; i < record.size(); ++i) record[i] = static_cast<std::byte>(i);
+    EXPECT_EQ(answer(R"({"call": "GetProperty"})"), R"({"hr": 0, "data": ")" + inBase64(record) + "\"}");
+    EXPECT_EQ(answer(R"({"call": "SetProperty", "data": ")" + inBase64(record) + "\"}"), R"({"hr": 0})");
+    EXPECT_EQ(fake().record, record);
     EXPECT_TRUE(automation_.understoodAll());
 }
 
-struct RoundTrip {
-    const char* property;
-    const char* put;
-    const char* held;
-};
-
 TEST_F(AutomationTest, ValuesComeBackAsTheControlHoldsThem) {
-    const RoundTrip cases[] = {
-        {"Width", "0.1", "0.1"},
-        {"Width", "-2", "-2.0"},
+    const std::array<const char*, 3> cases[] = {
         {"Width", "1e300", "\"Infinity\""},
         {"Width", "\"NaN\"", "\"NaN\""},
-        {"Width", "\"-Infinity\"", "\"-Infinity\""},
         {"FontBold", "true", "-1"},
-        {"FontBold", "false", "0"},
-        {"FontBold", "2", "2"},
         {"FontBold", "-32768", "-32768"},
-        {"SpareFlag", "true", "-1"},
-        {"FontUnderline", "1", "1"},
-        {"ArrayYDimension", "7", "7"},
         {"ArrayYDimension", "7.0", "7"},
         {"SerNumIncrement", "-2147483648", "-2147483648"},
-        {"AutoDateOffset", "2147483647", "2147483647"},
         {"FillStyle", "\"Cross\"", "3"},
         {"FillStyle", "99", "99"},
         {"AutoDatePosition", "\"After_Suffix\"", "261"},
-        {"TextData", "\"\"", "\"\""},
-        {"TextData", "\"a\\u0000b\"", "\"a\\u0000b\""},
         {"TextData", "\"\\ud800\"", "\"\\ud800\""},
-        {"TextData", "\"日本 😀\"", "\"日本 😀\""},
     };
-    for (const RoundTrip& c : cases) {
-        const std::string name = c.property;
-        answer("{\"put\": \"" + name + "\", \"value\": " + c.put + "}");
-        EXPECT_EQ(answer("{\"get\": \"" + name + "\"}"), std::string("{\"hr\": 0, \"value\": ") + c.held + "}")
-            << name << " = " << c.put;
+    for (const auto& [property, put, held] : cases) {
+        answer("{\"put\": \"" + std::string(property) + "\", \"value\": " + put + "}");
+        EXPECT_EQ(answer("{\"get\": \"" + std::string(property) + "\"}"),
+                  std::string("{\"hr\": 0, \"value\": ") + held + "}")
+            << property << " = " << put;
     }
 }
 
@@ -86,7 +80,6 @@ TEST_F(AutomationTest, WhatIsNotUnderstoodChangesNothingAndSaysWhy) {
         {"{}", "put, get, call, draw, page, lang, registry or register"},
         {R"({"put": "Width"})", "value"},
         {R"({"put": "Width", "value": "wide"})", "Width takes a number"},
-        {R"({"put": "Width", "value": null})", "Width takes a number"},
         {R"({"put": "Width", "value": 1, "valeu": 2})", "valeu"},
         {R"({"put": "Width", "value": 1, "value": 2})", "twice"},
         {R"({"put": "Width", "get": "Width", "value": 1})", "one of"},
@@ -95,8 +88,6 @@ TEST_F(AutomationTest, WhatIsNotUnderstoodChangesNothingAndSaysWhy) {
         {R"({"get": 7})", "takes a text"},
         {R"({"put": "ArrayXDimension", "value": 1.5})", "ArrayXDimension takes a whole number"},
         {R"({"put": "ArrayXDimension", "value": 2147483648})", "ArrayXDimension takes a whole number"},
-        {R"({"put": "ArrayXDimension", "value": 1e30})", "ArrayXDimension takes a whole number"},
-        {R"({"put": "ArrayXDimension", "value": "1"})", "ArrayXDimension takes a whole number"},
         {R"({"put": "ArrayXDimension", "value": true})", "ArrayXDimension takes a whole number"},
         {R"({"put": "FontBold", "value": 32768})", "FontBold takes"},
         {R"({"put": "FillStyle", "value": "Crss"})", "did you mean Cross"},
@@ -107,30 +98,31 @@ TEST_F(AutomationTest, WhatIsNotUnderstoodChangesNothingAndSaysWhy) {
         {R"({"call": "SetUpdateFlag", "args": 1})", "takes a list"},
         {R"({"call": "GetVectorData", "size": -1})", "size"},
         {R"({"call": "GetVectorData", "size": 4294967296})", "size"},
-        {R"({"call": "GetVectorData", "args": [1, 2]})", "takes 0 arguments"},
         {R"({"call": "SetProperty", "data": "AAAA"})", "272 bytes"},
-        {R"({"call": "SetProperty"})", "data"},
         {R"({"call": "Width"})", "no method"},
         {R"({"get": "Width", "on": 3})", "takes a text"},
+        {R"({"page": "text"})", "one of open, read, type"},
+        {R"({"page": "tekst", "open": true})", R"("text" or "serial")"},
+        {R"({"page": "text", "open": 1})", "\"open\" takes true"},
+        {R"({"page": "text", "open": true, "id": 201})", "takes no \"id\""},
+        {R"({"page": "text", "read": true, "click": true, "id": 201})", "one action, not read and click"},
+        {R"({"page": "text", "read": true})", "\"id\" of a control"},
+        {R"({"page": "text", "read": true, "id": "201"})", "\"id\" takes a whole number"},
+        {R"({"page": "serial", "read": true, "id": 201})", "the serial page is not open"},
         {R"({"draw": "x.gif"})", "a .png, .svg or .pdf file, not x.gif"},
-        {R"({"draw": 3})", "\"draw\" takes a text"},
         {R"({"draw": "x.png", "width": -1})", "\"width\""},
         {R"({"draw": "x.png", "height": 1.5})", "\"height\""},
         {R"({"draw": "x.png", "dpi": 0})", "\"dpi\" takes a number"},
         {R"({"draw": "x.png", "background": "#12345g"})", "takes a colour"},
         {R"({"draw": "x.png", "background": "#+12345"})", "takes a colour"},
         {R"({"draw": "x.png", "colour": "#123456"})", "takes no"},
-        {R"({"lang": "25"})", "\"lang\" takes a whole number"},
         {R"({"lang": -1})", "\"lang\" takes a whole number"},
         {R"({"lang": 25, "value": 1})", "takes no \"value\""},
-        {R"({"lang": 25, "register": true})", "one of"},
-        {R"({"registry": 3, "list": true})", "takes a text"},
         {R"({"registry": "HKCR", "list": true})", "under HKEY_CLASSES_ROOT or"},
         {R"({"registry": "HKEY_CLASSES_ROOT\\", "list": true})", "under HKEY_CLASSES_ROOT or"},
         {R"({"registry": "HKEY_CLASSES_ROOT"})", "either a \"name\" or"},
         {R"({"registry": "HKEY_CLASSES_ROOT", "list": true, "name": ""})", "either a \"name\" or"},
         {R"({"registry": "HKEY_CLASSES_ROOT", "list": false})", "\"list\" takes true"},
-        {R"({"registry": "HKEY_CLASSES_ROOT", "name": 1})", "takes a text"},
         {R"({"register": 1})", "true or false"},
     };
     for (const auto& [line, expected] : cases) {
@@ -144,16 +136,8 @@ TEST_F(AutomationTest, WhatIsNotUnderstoodChangesNothingAndSaysWhy) {
     EXPECT_EQ(fake().alive, 0);
 }
 
-const std::vector<VectorRecord> kRecords = {{'u', 1, 2}, {'d', 3, 4}, kEndRecord};
-
-std::string inBase64(std::span<const std::byte> bytes) {
-    std::string text;
-    appendBase64(text, bytes);
-    return text;
-}
-
-TEST_F(AutomationTest, StreamIsAnsweredUpToItsEnd) {
-    fake().stream = streamOf(kRecords);
+TEST_F(AutomationTest, BuffersAreAnsweredUpToTheirEnd) {
+    fake().stream = streamOf({{'u', 1, 2}, {'d', 3, 4}, kEndRecord});
     fake().askedSize = 100;
     const std::string data = inBase64(fake().stream);
     EXPECT_EQ(answer(R"({"call": "GetVectorData"})"),
@@ -165,43 +149,14 @@ TEST_F(AutomationTest, StreamIsAnsweredUpToItsEnd) {
     // As much as a host can ask for, or has addresses for.
     const std::string most = sizeof(void*) == 4 ? "500000000" : "4294967295";
     EXPECT_EQ(member(R"({"call": "GetVectorData", "size": )" + most + "}", "data"), data);
-}
-
-TEST_F(AutomationTest, BuffersTooSmall) {
-    fake().stream = streamOf(kRecords);
-    const std::string end = inBase64(streamOf({kEndRecord}));
-    EXPECT_EQ(answer(R"({"call": "GetVectorData", "size": 26})"),
-              R"({"hr": -2147352557, "size": 26, "data": ")" + end + R"(", "overrun": false})");
-    EXPECT_EQ(answer(R"({"call": "GetVectorData", "size": 8})"),
-              R"({"hr": -2147352557, "size": 8, "data": "AAAAAAAAAAA=", "overrun": false})");
-    EXPECT_EQ(answer(R"({"call": "GetVectorData", "size": 0})"),
-              R"({"hr": -2147352557, "size": 0, "data": "", "overrun": false})");
-}
-
-TEST_F(AutomationTest, WritingBehindTheBufferIsNoticed) {
-    fake().stream = streamOf(kRecords);
-    for (const std::size_t overrun : {1u, 9u, 4096u}) {
+    for (const std::size_t overrun : {1u, 4096u}) {
         fake().overrun = overrun;
         EXPECT_EQ(member(R"({"call": "GetVectorData", "size": 27})", "overrun"), true) << overrun;
     }
-}
-
-TEST_F(AutomationTest, RasterIsItsHeaderAndRows) {
-    fake().raster.assign(4 + 2 * 2, std::byte{1});
-    fake().raster[0] = std::byte{2};  // rows
-    fake().raster[1] = std::byte{0};
-    fake().raster[2] = std::byte{9};  // columns
-    fake().raster[3] = std::byte{0};
+    fake().overrun = 0;
+    for (const int byte : {2, 0, 9, 0, 1, 1, 1, 1}) fake().raster.push_back(static_cast<std::byte>(byte));
     EXPECT_EQ(answer(R"({"call": "GetRasterData"})"),
               R"({"hr": 0, "size": 70, "data": ")" + inBase64(fake().raster) + R"(", "overrun": false})");
-}
-
-TEST_F(AutomationTest, RecordTravelsWhole) {
-    std::vector<std::byte> record(272);
-    for (std::size_t i = 0; i < record.size(); ++i) record[i] = static_cast<std::byte>(i);
-    EXPECT_EQ(answer(R"({"call": "GetProperty"})"), R"({"hr": 0, "data": ")" + inBase64(record) + "\"}");
-    EXPECT_EQ(answer(R"({"call": "SetProperty", "data": ")" + inBase64(record) + "\"}"), R"({"hr": 0})");
-    EXPECT_EQ(fake().record, record);
 }
 
 TEST_F(AutomationTest, ControlsOfOneRunAreApart) {
@@ -213,12 +168,6 @@ TEST_F(AutomationTest, ControlsOfOneRunAreApart) {
     EXPECT_EQ(fake().alive, 2);
     automation_ = Automation(fakeModule);
     EXPECT_EQ(fake().alive, 0);
-}
-
-TEST_F(AutomationTest, LongLines) {
-    const std::string text(8 << 20, 'x');
-    answer(R"({"put": "TextData", "value": ")" + text + "\"}");
-    EXPECT_EQ(member(R"({"get": "TextData"})", "value"), text);
 }
 
 TEST(Automation, ModuleThatIsNotThereIsAnsweredToo) {

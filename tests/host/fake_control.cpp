@@ -4,7 +4,6 @@
 
 #include "control/interface/class_ids.h"
 #include "fake_control_base.h"
-#include "fake_page.h"
 
 namespace ovaline::host::testing {
 
@@ -144,11 +143,8 @@ private:
     ComPtr<IAdviseSink> sink_;
 };
 
-/// Of the control, or of a page.
 class FakeFactory final : public IClassFactory {
 public:
-    explicit FakeFactory(REFCLSID classId) : classId_(classId) {}
-    REFCLSID classId() const { return classId_; }
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID, void** object) override {
         *object = this;
         return S_OK;
@@ -156,24 +152,15 @@ public:
     ULONG STDMETHODCALLTYPE AddRef() override { return 1; }
     ULONG STDMETHODCALLTYPE Release() override { return 1; }
     HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown*, REFIID iid, void** object) override {
-        IUnknown* made = makeFakePage(classId_);
-        if (!made) made = static_cast<INorvel_OvalineCtrl*>(new FakeControl);
-        const HRESULT hr = made->QueryInterface(iid, object);
-        made->Release();
-        return hr;
+        const auto made = ComPtr<FakeControl>::adopt(new FakeControl);
+        return made->QueryInterface(iid, object);
     }
     HRESULT STDMETHODCALLTYPE LockServer(BOOL) override { return S_OK; }
-
-private:
-    CLSID classId_;
 };
 
 HRESULT STDAPICALLTYPE getFakeClassObject(REFCLSID clsid, REFIID iid, void** object) {
-    static FakeFactory factories[] = {FakeFactory(CLSID_Norvel_OvalineCtrl), FakeFactory(CLSID_Norvel_OvalinePropPage),
-                                      FakeFactory(CLSID_OvalineSerialPropPage)};
-    for (FakeFactory& factory : factories)
-        if (factory.classId() == clsid) return factory.QueryInterface(iid, object);
-    return CLASS_E_CLASSNOTAVAILABLE;
+    static FakeFactory factory;
+    return clsid == CLSID_Norvel_OvalineCtrl ? factory.QueryInterface(iid, object) : CLASS_E_CLASSNOTAVAILABLE;
 }
 
 }  // namespace

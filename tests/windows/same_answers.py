@@ -7,6 +7,25 @@ from both_programs import both
 KEY = "HKEY_CLASSES_ROOT\\CLSID\\{6F0E2C44-9B7D-4E53-A164-3C58D2907E11}"
 
 
+def pages():
+    """Both property pages, but for the list of fonts and for dates."""
+    text = [{"open": True}, {"controls": True}, {"dirty": True}, {"id": 1205, "read": True}, {"id": 1214, "type": "61"},
+            {"id": 1214, "type": "25"}, {"id": 1222, "spin": -3}, {"id": 1204, "select": 3}, {"id": 1211, "read": True},
+            {"id": 1205, "select": 0}, {"id": 1206, "type": "1"}, {"id": 201, "type": "Größe 日 \U0001F600"},
+            {"id": 205, "click": True}, {"id": 9, "read": True}, {"apply": True}, {"close": True}, {"dirty": True}]
+    serial = [{"open": True}, {"id": 257, "read": True}, {"id": 241, "click": True}, {"id": 245, "type": "00a4711"},
+              {"id": 245, "read": True}, {"id": 248, "select": 6}, {"id": 243, "select": 1}, {"id": 245, "type": "7F"},
+              {"id": 247, "type": "-3"}, {"id": 263, "read": True}, {"id": 263, "type": "x"}, {"id": 258, "click": True},
+              {"apply": True}, {"close": True}]
+    for language in (7, 25):
+        yield {"lang": language}
+        for page, lines in (("text", text), ("serial", serial)):
+            for line in lines:
+                yield {"on": "pages", "page": page, **line}
+    for name in ("Height", "TextData", "FillStyle", "SerNumStart", "SerNumIncrement", "SerialNumberType"):
+        yield {"on": "pages", "get": name}
+
+
 def session():
     yield {"register": True}
     yield {"call": "SetUpdateFlag", "args": [0]}
@@ -41,6 +60,7 @@ def session():
     yield {"on": "another", "get": "SerialNumPrefix"}
     yield {"call": "SetDefaultSize", "args": [0]}
     yield {"call": "GetRasterDataSize"}
+    yield from pages()
     yield {"lang": 25}
     yield {"registry": "HKEY_CURRENT_USER\\Software\\Norvel\\Host", "name": "Lang"}
     yield {"lang": None}
