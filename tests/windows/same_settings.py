@@ -9,7 +9,7 @@ from both_programs import both
 RECORD = 9
 
 # Families are those that both have, under names that both know: which face stands in for another is the font mapper's
-# choice. The slanted single strokes are without a "j", one vertex of which lies a dot apart. Each case is put on a new control of 40 x 25 mm; what begins with a capital and takes a list is a call.
+# choice. Each case is put on a new control of 40 x 25 mm; what begins with a capital and takes a list is a call.
 CASES = {
     "plain": {},
     "small letters": {"FontHeight": 1.5},
@@ -23,7 +23,7 @@ CASES = {
     "underlined and struck out": {"FontUnderline": True, "FontStrikeout": True},
     "single stroke": {"FontStyle": "SingleStroke"},
     "single stroke, bold": {"FontName": "Filament SanSerif", "FontBold": True},
-    "single stroke, italic": {"FontName": "Filament SanSerif", "FontItalic": True, "TextData": "Ovaline & 0123"},
+    "single stroke, italic": {"FontName": "Filament SanSerif", "FontItalic": True},
     "kerning": {"TextData": "AVATAR Wolf To. LT"},
     "cyrillic": {"TextData": "Серия Ж № 7"},
     "accents and symbols": {"TextData": "Größe Ø 12 °C ½ €"},
