@@ -26,10 +26,10 @@ TEST(Language, HostsSettingIsReadEachTime) {
         ASSERT_EQ(registry.apply({&change, 1}), S_OK);
     };
     EXPECT_EQ(GetHostLanguage(registry), 9u);
-    set(std::uint32_t{25});
-    EXPECT_EQ(GetHostLanguage(registry), 25u);
-    set(std::uint32_t{3});
-    EXPECT_EQ(GetHostLanguage(registry), 3u);
+    for (const std::uint32_t language : {25u, 3u}) {
+        set(language);
+        EXPECT_EQ(GetHostLanguage(registry), language);
+    }
     set(u"25");  // only a number is a setting
     EXPECT_EQ(GetHostLanguage(registry), 9u);
 }

@@ -24,22 +24,9 @@ constexpr int kRegenerationsOfTextPage = 6;  // the update flag, the record and 
 class RandomActionsTest : public SerialPageTest {
 protected:
     enum class Kind { Text, Serial };
-    static constexpr std::u16string_view kTexts[] = {u"",
-                                                     u"0",
-                                                     u"7",
-                                                     u"-3",
-                                                     u"2.9",
-                                                     u"61",
-                                                     u"0.04",
-                                                     u"1234567890123456789",
-                                                     u"99999999999",
-                                                     u"abc",
-                                                     u"AZ9",
-                                                     u" 5x",
-                                                     u"%",
-                                                     u"%+",
-                                                     u"%d.%m.%Y",
-                                                     u"\U0001F600\U0001F600"};
+    static constexpr auto kTexts = std::to_array<std::u16string_view>(
+        {u"", u"0", u"7", u"-3.9", u"2.9", u"61", u"0.04", u"1234567890123456789", u"99999999999", u"abc", u"AZ9",
+         u" 5x", u"%", u"%+", u"%d.%m.%Y", u"\U0001F600\U0001F600"});
     static constexpr std::int32_t kNonsense[] = {std::numeric_limits<std::int32_t>::min(), -1, 99, 262,
                                                  std::numeric_limits<std::int32_t>::max()};
 
@@ -47,7 +34,8 @@ protected:
     bool isOneIn(int count) { return below(count) == 0; }
     /// A number, a pattern or neither; now and then longer than the preview takes a pattern.
     std::u16string anyText() {
-        return isOneIn(9) ? std::u16string(60, u'%') : std::u16string(kTexts[below(std::ssize(kTexts))]);
+        return isOneIn(9) ? std::u16string(60, u'%')
+                          : std::u16string(kTexts.at(static_cast<std::size_t>(below(std::ssize(kTexts)))));
     }
     /// One of `count` values from `first` on; now and then none of them.
     std::int32_t anyValue(std::int32_t first, int count) {
@@ -91,9 +79,11 @@ protected:
         if (again) {
             page->Deactivate();
         } else {
+            close();
             reference.clear();
             wasDirty = false;
         }
+        EXPECT_TRUE(container.events.empty()) << "written without Apply";
         putAnything();
         if (again) {
             activate();

@@ -33,7 +33,6 @@ protected:
         site.states.clear();
     }
     void apply() { EXPECT_EQ(page->Apply(), S_OK); }
-
     /// A change in one step, as pasting a text is.
     void enter(int id, std::u16string_view text) { dialog->setText(id, text); }
     void spin(int id, int clicks) { EXPECT_EQ(frame->spin(id, clicks), std::nullopt) << id; }

@@ -87,26 +87,21 @@ TEST_F(TextPreviewTest, ShowsWhatTheControlKeepsAtItsRealSizeInTheMiddle) {
 
 TEST_F(TextPreviewTest, DrawsInOrderByAxesAndFill) {
     auto from = read();
-    const std::string frame = "stroke ffbebebe 1 dash ", guide = "stroke ffff7878 2 dot ",
-                      marker = "fill ffbebebe ellipse ", filled = "fill ff000000 M",
-                      outline = "stroke ff000000 1 solid M";
-    for (const std::int32_t axes : {FullAxes, PartialAxes, NoAxesFull, NoAxesPartial}) {
-        for (const std::int32_t fill : {0, 1, 2, 3, 4}) {
-            for (const std::int32_t style : {TrueType, SingleStroke}) {
-                from.setField(record_offset::ShowAxes, axes);
-                from.setField(record_offset::FillStyle, fill);
-                from.fontStyle = style;
-                std::vector<std::string> starts = {kWhite, "smooth", "clip box "};
-                if (axes == FullAxes || axes == PartialAxes) starts.insert(starts.end(), {frame, guide, marker});
-                if (style == TrueType && fill >= Solid && fill <= Cross) starts.push_back(filled);
-                starts.push_back(outline);
-                const auto log = draw(from);
-                ASSERT_EQ(log.size(), starts.size()) << axes << ' ' << fill << ' ' << style;
-                for (std::size_t i = 0; i < log.size(); ++i) EXPECT_THAT(log[i], StartsWith(starts[i]));
-                // Single strokes are open.
-                EXPECT_EQ(log.back().find('Z') != std::string::npos, style == TrueType);
-            }
-        }
+    for (int i = 0; i < 4 * 5 * 2; ++i) {
+        const std::int32_t axes = i % 4, fill = i / 4 % 5, style = i / 20;
+        from.setField(record_offset::ShowAxes, axes);
+        from.setField(record_offset::FillStyle, fill);
+        from.fontStyle = style;
+        std::vector<std::string> starts = {kWhite, "smooth", "clip box "};
+        if (axes == FullAxes || axes == PartialAxes)
+            starts.insert(starts.end(),
+                          {"stroke ffbebebe 1 dash ", "stroke ffff7878 2 dot ", "fill ffbebebe ellipse "});
+        if (style == TrueType && fill >= Solid && fill <= Cross) starts.push_back("fill ff000000 M");
+        starts.push_back("stroke ff000000 1 solid M");
+        const auto log = draw(from);
+        ASSERT_EQ(log.size(), starts.size()) << axes << ' ' << fill << ' ' << style;
+        for (std::size_t k = 0; k < log.size(); ++k) EXPECT_THAT(log[k], StartsWith(starts[k]));
+        EXPECT_EQ(log.back().find('Z') != std::string::npos, style == TrueType) << "single strokes are open";
     }
 }
 
@@ -121,25 +116,21 @@ TEST_F(TextPreviewTest, StaysInItsAreaAndKeepsItsFont) {
 }
 
 TEST_F(TextPreviewTest, NothingButWhiteOfWhatHasNoSize) {
-    constexpr float kNone[] = {0, -1, std::numeric_limits<float>::quiet_NaN(), std::numeric_limits<float>::infinity()};
-    for (const std::size_t field :
-         {record_offset::UnitFactor, record_offset::DotsPerUnit, record_offset::Width, record_offset::Height}) {
-        for (const float value : kNone) {
-            auto from = read();
-            from.setField(field, value);
-            EXPECT_THAT(draw(from), ElementsAre(kWhite)) << field << ' ' << value;
-        }
-    }
+    using namespace record_offset;
+    constexpr float kNan = std::numeric_limits<float>::quiet_NaN(), kInfinity = std::numeric_limits<float>::infinity();
+    const auto drawWith = [&](std::size_t field, float value) {
+        auto from = read();
+        from.setField(field, value);
+        return draw(from);
+    };
+    for (const std::size_t field : {UnitFactor, DotsPerUnit, Width, Height})
+        for (const float value : {0.0f, -1.0f, kNan, kInfinity})
+            EXPECT_THAT(drawWith(field, value), ElementsAre(kWhite)) << field << ' ' << value;
     EXPECT_THAT(draw({}), ElementsAre(kWhite));
     // These end, whatever they show.
-    for (const std::size_t field : {record_offset::Width, record_offset::DotsPerUnit, record_offset::UnitFactor,
-                                    record_offset::Angle, record_offset::StartAngle, record_offset::CharSpace}) {
-        for (const float value : {kNone[2], kNone[3], 1e38f, 1e-38f, -1e38f}) {
-            auto from = read();
-            from.setField(field, value);
-            EXPECT_EQ(draw(from).front(), kWhite);
-        }
-    }
+    for (const std::size_t field : {Width, DotsPerUnit, UnitFactor, Angle, StartAngle, CharSpace})
+        for (const float value : {kNan, kInfinity, 1e38f, 1e-38f, -1e38f})
+            EXPECT_EQ(drawWith(field, value).front(), kWhite);
 }
 
 }  // namespace

@@ -28,6 +28,16 @@ TEST(DrawingPicture, Png) {
     EXPECT_EQ(file, drawn(PictureKind::Png, 300, kOpaqueWhite));
 }
 
+TEST(DrawingPicture, LinesAndAreasWhereTheyAreOffered) {
+    if (!offersPictures(PictureKind::Svg)) GTEST_SKIP() << "this engine makes none";
+    const std::string svg = drawn(PictureKind::Svg, 300, kOpaqueWhite);
+    EXPECT_NE(svg.find("width=\"30px\" height=\"20px\" viewBox=\"0 0 30 20\""), std::string::npos) << svg;
+    EXPECT_NE(svg.find("</svg>"), std::string::npos);
+    const std::string pdf = drawn(PictureKind::Pdf, 144, kOpaqueWhite);
+    EXPECT_EQ(pdf.substr(0, 5), "%PDF-");
+    EXPECT_NE(pdf.find("/MediaBox [ 0 0 15 10 ]"), std::string::npos) << "as large as its resolution says";
+}
+
 TEST(DrawingPicture, WhatIsNoPicture) {
     for (const PictureKind kind : {PictureKind::Png, PictureKind::Svg, PictureKind::Pdf}) {
         EXPECT_EQ(makePicture(kind, 0, 10, 96, {}), nullptr);
