@@ -48,7 +48,10 @@ COvalineSerialPropPage* COvalineSerialPropPage::create(const PageServices& servi
 }
 
 COvalineSerialPropPage::COvalineSerialPropPage(const PageServices& services)
-    : PropertyPage(services, {.dialog = kTemplate, .title = kTitle, .helpFile = kHelpFile, .docString = kDocString}) {}
+    : PropertyPage(services, {.dialog = platform::kSerialPageDialog,
+                              .title = platform::kSerialPageTitleString,
+                              .helpFile = platform::kSerialPageHelpFileString,
+                              .docString = platform::kSerialPageDescriptionString}) {}
 
 // Filling the dialog reports each change; until loaded_ is set, those reports refresh nothing. The reference text and
 // the dirty state of an earlier load stay until they are formed anew.

@@ -2,18 +2,12 @@
 #pragma once
 
 #include <array>
-#include <cstdint>
 #include <string_view>
 
 #include "platform/resource_ids.h"
 #include "text/enumerations.h"
 
 namespace ovaline::serial_dialog {
-
-inline constexpr std::uint32_t kTemplate = 110;
-inline constexpr std::uint32_t kTitle = 107;
-inline constexpr std::uint32_t kHelpFile = 108;
-inline constexpr std::uint32_t kDocString = 109;
 
 // Controls. Each radio button has the position that it stands for as its id, a value of _autodatepos.
 inline constexpr int kCustomPattern = 205;
@@ -44,10 +38,10 @@ struct List {
     platform::StringRange strings;
 };
 inline constexpr std::array<List, 4> kLists = {{
-    {kHelper, {20500, 9}},
-    {kType, {10129, 2}},
-    {kFormat, {10132, 17}},
-    {kDigitCount, {10201, 16}},
+    {kHelper, platform::kDatePartStrings},
+    {kType, platform::kSerialTypeStrings},
+    {kFormat, platform::kDateFormatStrings},
+    {kDigitCount, platform::kDigitCountStrings},
 }};
 
 inline constexpr int kCustomFormatItem = Custom - Format00;
