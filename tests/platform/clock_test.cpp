@@ -7,6 +7,8 @@
 #include <cstdlib>
 #include <ctime>
 
+#include "tests/platform/wall_clock.h"
+
 namespace ovaline::platform {
 namespace {
 
@@ -34,16 +36,7 @@ TEST_F(ClockTest, NowIsTheWallClockOfTheZone) {
     for (const char* zone : {"UTC0", kCentralEurope, "XYZ-14", "ABC+11:30"}) {
         setZone(zone);
         const std::time_t before = std::time(nullptr);
-        const CalendarTime now = systemClock().now();
-        std::tm fields{};
-        fields.tm_year = now.year - 1900;
-        fields.tm_mon = now.month - 1;
-        fields.tm_mday = now.day;
-        fields.tm_hour = now.hour;
-        fields.tm_min = now.minute;
-        fields.tm_sec = now.second;
-        fields.tm_isdst = -1;
-        const std::time_t shown = std::mktime(&fields);
+        const std::time_t shown = secondsOf(systemClock().now());
         EXPECT_GE(shown, before) << zone;
         EXPECT_LE(shown, std::time(nullptr)) << zone;
     }

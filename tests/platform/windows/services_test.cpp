@@ -11,6 +11,7 @@
 #include "platform/resources.h"
 #include "platform/windows/text.h"
 #include "registry_backend.h"
+#include "tests/platform/wall_clock.h"
 
 namespace ovaline::platform {
 namespace {
@@ -19,16 +20,7 @@ namespace fs = std::filesystem;
 
 TEST(WindowsClock, NowIsTheWallClock) {
     const std::time_t before = std::time(nullptr);
-    const CalendarTime now = systemClock().now();
-    std::tm fields{};
-    fields.tm_year = now.year - 1900;
-    fields.tm_mon = now.month - 1;
-    fields.tm_mday = now.day;
-    fields.tm_hour = now.hour;
-    fields.tm_min = now.minute;
-    fields.tm_sec = now.second;
-    fields.tm_isdst = -1;
-    const std::time_t shown = std::mktime(&fields);
+    const std::time_t shown = secondsOf(systemClock().now());
     // Both round down to whole seconds, of clocks that need not tick together.
     EXPECT_GE(shown, before - 1);
     EXPECT_LE(shown, std::time(nullptr) + 1);
